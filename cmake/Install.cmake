@@ -1,0 +1,22 @@
+# What a host installs: the headers, the library, the CMake package, the pkg-config module and the tool. All of it may be
+# moved to another prefix after the installation.
+
+include(CMakePackageConfigHelpers)
+
+install(DIRECTORY include/vellum DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(TARGETS Vellum EXPORT Vellum)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Vellum)
+write_basic_package_version_file(VellumConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/VellumConfigVersion.cmake DESTINATION ${package_dir})
+# The library depends on no other package, so the exported target is all that its package holds.
+install(EXPORT Vellum NAMESPACE Vellum:: FILE VellumConfig.cmake DESTINATION ${package_dir})
+
+set(pkgconfig_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+file(RELATIVE_PATH pkgconfig_to_prefix /${pkgconfig_dir} /)
+set(pkgconfig_definitions "")
+if(NOT BUILD_SHARED_LIBS)
+    set(pkgconfig_definitions -DVELLUM_STATIC)
+endif()
+configure_file(cmake/vellum.pc.in vellum.pc @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/vellum.pc DESTINATION ${pkgconfig_dir})

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#ifndef VELLUM_EXPORT_H
+#define VELLUM_EXPORT_H
+
+/// @file
+/// What marks a name as part of the library's binary interface. Everything that is not marked stays hidden.
+
+#if defined(VELLUM_STATIC)
+#define VELLUM_API
+#elif defined(_WIN32)
+#if defined(VELLUM_BUILDING)
+#define VELLUM_API __declspec(dllexport)
+#else
+#define VELLUM_API __declspec(dllimport)
+#endif
+#else
+#define VELLUM_API __attribute__((visibility("default")))
+#endif
+
+/// Marks an inline member. Callers' compilers see through it; the library itself also keeps one copy of each, so that a
+/// host which binds to exported names finds these too, whatever the library's own compiler chose to inline.
+#if defined(VELLUM_EMIT_INLINE_MEMBERS)
+#define VELLUM_INLINE [[gnu::used]] inline
+#else
+#define VELLUM_INLINE inline
+#endif
+
+#endif

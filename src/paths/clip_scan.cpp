@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include "paths/clip_scan.h"
+
+namespace Vellum::internal {
+namespace {
+
+// Places that points share are told apart in proportion to the distance of their block. Where the blocks of a polygon
+// differ by more than this, the places they share prove nothing about the edge between its last point and its first.
+constexpr double kComparableDistances = 1024.0;
+
+// How far from the rectangle, in units of its reach, most points are expected to be.
+constexpr double kUsualDistance = 64.0;
+
+/// Bit i: points i and i + 1 share a place.
+uint64_t SharedWithNext(const ViewBits& bits) {
+    const auto pairs = [](uint64_t place) { return place & place >> 1; };
+    return pairs(bits.core) | pairs(bits.aboveAcross) | pairs(bits.belowAcross) | pairs(bits.aboveAlong) |
+           pairs(bits.belowAlong);
+}
+
+uint64_t InNoPlace(const ViewBits& bits) {
+    return ~(bits.core | bits.aboveAcross | bits.belowAcross | bits.aboveAlong | bits.belowAlong);
+}
+
+Places SharedByAll(const ViewBits& bits, uint64_t points) {
+    const auto all = [points](uint64_t place, Places bit) { return (points & ~place) == 0 ? bit : 0; };
+    return all(bits.core, kCore) | all(bits.aboveAcross, kAboveAcross) | all(bits.belowAcross, kBelowAcross) |
+           all(bits.aboveAlong, kAboveAlong) | all(bits.belowAlong, kBelowAlong);
+}
+
+}  // namespace
+
+SetScan::SetScan(const DrwPSetT& set, const ClipView& view, ScratchArray<Crossing>& crossings)
+    : pts_(set.pts),
+      codes_(set.codes),
+      count_(set.numPts > 0 ? static_cast<size_t>(set.numPts) : 0),
+      view_(view),
+      crossings_(crossings),
+      kernels_(ActiveClipKernels()),
+      usualTest_(view.TestWithin(kUsualDistance * view.Reach())) {}
+
+void SetScan::LoadBlock(size_t start) {
+    const size_t points = std::min(count_ - start, kBlockPoints);
+    const real_pt_t* const pts = pts_ + start;
+    start_ = start;
+    owned_ = points == count_ - start ? points : kBlockPoints - 1;
+    ends_ = kernels_.endCodes(codes_ + start, points);
+    distance_ = kUsualDistance * view_.Reach();
+    kernels_.classify(pts, points, usualTest_, places_);
+    if (places_.reachesFar) {
+        distance_ = view_.DistanceWithin(kernels_.boundsOf(pts, points));
+        kernels_.classify(pts, points, view_.TestWithin(distance_), places_);
+    }
+    doubtfulEdges_ = ~SharedWithNext(places_) & BitsBelow(points - 1);
+    if (isOpen_) {
+        leastDistance_ = std::min(leastDistance_, distance_);
+        greatestDistance_ = std::max(greatestDistance_, distance_);
+    }
+}
+
+/// The ends of the polygons that begin in the block, at @p from or later, and have to be looked at: those of two points
+/// or more that are not beyond a band as a whole.
+uint64_t SetScan::NotableEnds(size_t from) const {
+    const uint64_t ends = ends_ & BitsBelow(owned_) & ~BitsBelow(from);
+    const uint64_t starts = (ends << 1 | (BitsBelow(from + 1) & ~BitsBelow(from))) & BitsBelow(owned_);
+    // A carry that enters a polygon at its start comes out at its end if all the points between are set.
+    const auto wholly = [=](uint64_t place) { return ((starts & place) + (place & ~ends)) & place & ends; };
+    const uint64_t beyond = wholly(places_.aboveAcross) | wholly(places_.belowAcross) | wholly(places_.aboveAlong) |
+                            wholly(places_.belowAlong);
+    return ends & ~starts & ~beyond;
+}
+
+/// Takes the block's points from @p from on into the polygon, up to its last or to the end of the block, with the edges
+/// between them; returns where it stopped.
+size_t SetScan::ScanOn(size_t from) {
+    const uint64_t ends = ends_ & BitsBelow(owned_) & ~BitsBelow(from);
+    const uint64_t last = ends & (~ends + 1);
+    isOpen_ = last == 0;
+    const uint64_t points = (isOpen_ ? BitsBelow(owned_) : last | (last - 1)) & ~BitsBelow(from);
+    findings_.places &= SharedByAll(places_, points);
+    if (const uint64_t doubtful = doubtfulEdges_ & points & ~last) SearchEdges(doubtful);
+    return isOpen_ ? owned_ : static_cast<size_t>(__builtin_ctzll(last)) + 1;
+}
+
+void SetScan::SearchEdges(uint64_t edges) {
+    for (uint64_t rest = InNoPlace(places_) & (edges | edges << 1); rest != 0; rest &= rest - 1) {
+        const real_pt_t& p = pts_[start_ + static_cast<size_t>(__builtin_ctzll(rest))];
+        findings_.isDelicate = findings_.isDelicate || view_.MayTouch(p, distance_);
+    }
+    const ClipPolygon polygon{pts_ + first_, codes_ + first_, count_ - first_};
+    for (uint64_t rest = edges; rest != 0; rest &= rest - 1) {
+        const size_t edge = start_ - first_ + static_cast<size_t>(__builtin_ctzll(rest));
+        if (!polygon.IsRepeated(edge + 1)) Search(polygon, edge, polygon.pts[edge + 1]);
+    }
+}
+
+void SetScan::Search(const ClipPolygon& polygon, size_t edge, const real_pt_t& end) {
+    const EdgeFindings found = FindCrossings(polygon, edge, end, view_, crossings_);
+    findings_.isDelicate = findings_.isDelicate || found.isParallel;
+    findings_.isIncomplete = findings_.isIncomplete || found.isIncomplete;
+}
+
+/// The edge from the last point to the first.
+void SetScan::CloseOutline(const ClipPolygon& polygon) {
+    if (greatestDistance_ > kComparableDistances * leastDistance_) findings_.places = 0;
+    if (findings_.places != 0) return;
+    const real_pt_t ends[2] = {polygon.pts[polygon.count - 1], polygon.pts[0]};
+    if (ends[0].x == ends[1].x && ends[0].y == ends[1].y) return;
+    const double distance = view_.DistanceWithin(kernels_.boundsOf(ends, 2));
+    const ViewTest test = view_.TestWithin(distance);
+    ViewBits places;
+    kernels_.classify(ends, 2, test, places);
+    if (SharedWithNext(places) & 1) return;
+    findings_.isDelicate =
+        findings_.isDelicate || view_.MayTouch(ends[0], distance) || view_.MayTouch(ends[1], distance);
+    Search(polygon, polygon.count - 1, ends[1]);
+}
+
+NestingProof SetScan::ProofOfNesting(const ClipPolygon& polygon) {
+    if (first_ < start_) return NestingProof::Unknown;
+    if (edgeBitsOf_ != start_) {
+        kernels_.compare(pts_ + start_, std::min(count_ - start_, kBlockPoints), view_.Limits(), edgeBits_);
+        edgeBitsOf_ = start_;
+    }
+    const size_t from = first_ - start_;
+    const uint64_t points = BitsBelow(from + polygon.count) & ~BitsBelow(from);
+    if (HasEdgeWithin(points, edgeBits_.left) && HasEdgeWithin(points, edgeBits_.right)) return NestingProof::Found;
+    const bool mayBeProven = HasEdgeWithin(points, edgeBits_.below) && HasEdgeWithin(points, edgeBits_.above);
+    return mayBeProven ? NestingProof::Unknown : NestingProof::Missing;
+}
+
+/// Whether an edge of the ring has both its ends among @p points that are past a limit.
+bool SetScan::HasEdgeWithin(uint64_t points, uint64_t past) const {
+    const uint64_t ends = points & past;
+    const uint64_t first = points & (~points + 1);
+    const uint64_t last = points & ~(points >> 1);
+    if ((ends & first) != 0 && (ends & last) != 0) return true;
+    for (uint64_t rest = ends & ends >> 1; rest != 0; rest &= rest - 1) {
+        const real_pt_t* const edge = pts_ + start_ + __builtin_ctzll(rest);
+        if (edge[0].x != edge[1].x || edge[0].y != edge[1].y) return true;
+    }
+    return false;
+}
+
+}  // namespace Vellum::internal

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include "paths/clip_winding.h"
+
+#include <algorithm>
+
+namespace Vellum::internal {
+
+int WindingOfCorners(const ClipView& view, const real_pt_t& p) {
+    int winding = 0;
+    for (unsigned i = 0; i < 4; ++i)
+        winding += EdgeWinding(p, CornerOf(view, i), CornerOf(view, (i + 1) % 4));
+    return winding;
+}
+
+int WindingOfOutline(const ClipPolygon& polygon, const Bounds& box, const real_pt_t& p) {
+    // Above, below and right of the whole outline the terms are exactly nothing; to the left of it they are rounded.
+    if (p.y < box.minY || p.y > box.maxY || p.x > box.maxX) return 0;
+    const ClipKernels& kernels = ActiveClipKernels();
+    int winding = EdgeWinding(p, polygon.pts[polygon.count - 1], polygon.pts[0]);
+    // Only an edge with one end higher than p and one not adds anything.
+    for (size_t start = 0; start + 1 < polygon.count; start += kBlockPoints - 1) {
+        const size_t points = std::min(polygon.count - start, kBlockPoints);
+        const uint64_t higher = kernels.higherThan(polygon.pts + start, points, p.y);
+        const uint64_t edges = (uint64_t{1} << (points - 1)) - 1;
+        for (uint64_t rest = (higher ^ higher >> 1) & edges; rest != 0; rest &= rest - 1) {
+            const real_pt_t* const edge = polygon.pts + start + __builtin_ctzll(rest);
+            winding += EdgeWinding(p, edge[0], edge[1]);
+        }
+    }
+    return winding;
+}
+
+}  // namespace Vellum::internal

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#include "paths/clip_writer.h"
+
+#include <cstring>
+
+namespace Vellum::internal {
+
+void ClipWriter::Flush() {
+    next_ = out_.numPts;
+    overflown_ = false;
+    if (run_.count > 0 && HasRoomFor(run_.count)) {
+        std::memcpy(out_.pts + next_, run_.pts, run_.count * sizeof(real_pt_t));
+        std::memcpy(out_.codes + next_, run_.codes, run_.count * sizeof(uint32_t));
+        out_.numPts = next_ + static_cast<int32_t>(run_.count);
+    }
+    run_.count = 0;
+}
+
+void ClipWriter::AppendVertices(const ClipPolygon& polygon, size_t from, size_t to) {
+    for (size_t i = from; i <= to; ++i) {
+        if (!polygon.IsRepeated(i)) Append(polygon.pts[i], OpenCode(polygon.codes[i]));
+    }
+}
+
+void ClipWriter::AppendVerticesBackwards(const ClipPolygon& polygon, size_t from, size_t to) {
+    for (size_t i = to + 1; i-- > from;) {
+        if (!polygon.IsRepeated(i)) Append(polygon.pts[i], OpenCode(polygon.codes[i]));
+    }
+}
+
+}  // namespace Vellum::internal

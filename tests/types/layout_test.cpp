@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+
+// The binary interface of the value types: hosts compiled long ago read these objects.
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <type_traits>
+
+#include "support/vtable.h"
+#include "types/records_in_c.h"
+#include "vellum/matrix.h"
+#include "vellum/points.h"
+#include "vellum/records.h"
+#include "vellum/rectangles.h"
+#include "vellum/shape.h"
+#include "vellum/status.h"
+
+// Both compilers lay a polymorphic class out as offsetof says, which the standard only permits.
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+
+namespace {
+
+using support::VtableSlot;
+using Vellum::AlignedDblRect;
+using Vellum::ClosedShape;
+using Vellum::DblPt;
+using Vellum::IntPt;
+using Vellum::Mtx2D;
+using Vellum::Shape;
+using Vellum::Status;
+
+static_assert(sizeof(DblPt) == 16 && offsetof(DblPt, x) == 0 && offsetof(DblPt, y) == 8);
+static_assert(sizeof(IntPt) == 8 && offsetof(IntPt, x) == 0 && offsetof(IntPt, y) == 4);
+static_assert(std::is_standard_layout_v<DblPt> && std::is_standard_layout_v<IntPt>);
+static_assert(alignof(DblPt) == alignof(real_pt_t) && sizeof(DblPt) == sizeof(real_pt_t));
+static_assert(alignof(IntPt) == alignof(int_pt_t) && sizeof(IntPt) == sizeof(int_pt_t));
+static_assert(sizeof(Status) == 4 && std::is_standard_layout_v<Status>);
+static_assert(sizeof(Shape) == sizeof(void*) && sizeof(ClosedShape) == sizeof(void*));
+static_assert(sizeof(void*) != 8 || sizeof(AlignedDblRect) == 40);
+static_assert(offsetof(AlignedDblRect, ll) == 8 && offsetof(AlignedDblRect, ur) == 24);
+
+static_assert(sizeof(real_pt_t) == 16 && offsetof(real_pt_t, x) == 0 && offsetof(real_pt_t, y) == 8);
+static_assert(sizeof(int_pt_t) == 8 && offsetof(int_pt_t, x) == 0 && offsetof(int_pt_t, y) == 4);
+static_assert(sizeof(short_pt_t) == 4 && offsetof(short_pt_t, x) == 0 && offsetof(short_pt_t, y) == 2);
+static_assert(sizeof(real_rect_t) == 64 && offsetof(real_rect_t, ll) == 0 && offsetof(real_rect_t, ul) == 16 &&
+              offsetof(real_rect_t, ur) == 32 && offsetof(real_rect_t, lr) == 48);
+static_assert(sizeof(int_rect_t) == 32 && offsetof(int_rect_t, ll) == 0 && offsetof(int_rect_t, ul) == 8 &&
+              offsetof(int_rect_t, ur) == 16 && offsetof(int_rect_t, lr) == 24);
+static_assert(sizeof(void*) != 8 || sizeof(DrwPSetT) == 24);
+static_assert(offsetof(DrwPSetT, numPts) == 0 && offsetof(DrwPSetT, pts) == sizeof(void*) &&
+              offsetof(DrwPSetT, codes) == 2 * sizeof(void*));
+static_assert(sizeof(DrwDPSetT) == sizeof(DrwPSetT) && offsetof(DrwDPSetT, numPts) == 0 &&
+              offsetof(DrwDPSetT, pts) == sizeof(void*) && offsetof(DrwDPSetT, codes) == 2 * sizeof(void*));
+
+static_assert(std::is_same_v<real_pt_t, Vellum::real_pt_t> && std::is_same_v<int_pt_t, Vellum::int_pt_t> &&
+              std::is_same_v<short_pt_t, Vellum::short_pt_t> && std::is_same_v<real_rect_t, Vellum::real_rect_t> &&
+              std::is_same_v<int_rect_t, Vellum::int_rect_t> && std::is_same_v<DrwPSetT, Vellum::DrwPSetT> &&
+              std::is_same_v<DrwDPSetT, Vellum::DrwDPSetT>);
+
+static_assert(std::is_abstract_v<ClosedShape> && !std::is_abstract_v<Shape>);
+static_assert(std::has_virtual_destructor_v<Shape>);
+static_assert(std::is_base_of_v<Shape, ClosedShape> && std::is_base_of_v<ClosedShape, AlignedDblRect>);
+
+static_assert(std::is_same_v<std::underlying_type_t<Vellum::EntityHandleEnum::EntityHandle>, int32_t>);
+
+template <class T>
+using ContainsPoint = bool (T::*)(const DblPt&, double) const;
+template <class T>
+using ContainsLoose = bool (T::*)(double, double, double) const;
+
+template <class T>
+void CheckSlots() {
+    // The two destructors come first.
+    EXPECT_EQ(VtableSlot(&T::Clone), 2);
+    EXPECT_EQ(VtableSlot(&T::Print), 3);
+    EXPECT_EQ(VtableSlot(ContainsPoint<T>{&T::Contains}), 4);
+    EXPECT_EQ(VtableSlot(ContainsLoose<T>{&T::Contains}), 5);
+    EXPECT_EQ(VtableSlot(&T::GetCentroid), 6);
+    EXPECT_EQ(VtableSlot(&T::ApplyTransform), 7);
+}
+
+TEST(Layout, VirtualOperationsKeepTheirSlots) {
+    CheckSlots<ClosedShape>();
+    CheckSlots<AlignedDblRect>();
+}
+
+TEST(Layout, ACCompilerSeesTheSameRecords) {
+    RecordSizes sizes = {};
+    ReadRecordSizesInC(&sizes);
+    EXPECT_EQ(sizes.realPt, sizeof(real_pt_t));
+    EXPECT_EQ(sizes.intPt, sizeof(int_pt_t));
+    EXPECT_EQ(sizes.shortPt, sizeof(short_pt_t));
+    EXPECT_EQ(sizes.realRect, sizeof(real_rect_t));
+    EXPECT_EQ(sizes.realRectLr, offsetof(real_rect_t, lr));
+    EXPECT_EQ(sizes.intRect, sizeof(int_rect_t));
+    EXPECT_EQ(sizes.intRectLr, offsetof(int_rect_t, lr));
+    EXPECT_EQ(sizes.polySet, sizeof(DrwPSetT));
+    EXPECT_EQ(sizes.polySetCodes, offsetof(DrwPSetT, codes));
+    EXPECT_EQ(sizes.devicePolySet, sizeof(DrwDPSetT));
+    EXPECT_EQ(sizes.devicePolySetCodes, offsetof(DrwDPSetT, codes));
+}
+
+}  // namespace
