@@ -39,53 +39,64 @@ SetScan::SetScan(const DrwPSetT& set, const ClipView& view, ScratchArray<Crossin
       kernels_(ActiveClipKernels()),
       usualTest_(view.TestWithin(kUsualDistance * view.Reach())) {}
 
-void SetScan::LoadBlock(size_t start) {
-    const size_t points = std::min(count_ - start, kBlockPoints);
-    const real_pt_t* const pts = pts_ + start;
-    start_ = start;
-    owned_ = points == count_ - start ? points : kBlockPoints - 1;
-    ends_ = kernels_.endCodes(codes_ + start, points);
-    distance_ = kUsualDistance * view_.Reach();
-    kernels_.classify(pts, points, usualTest_, places_);
-    if (places_.reachesFar) {
-        distance_ = view_.DistanceWithin(kernels_.boundsOf(pts, points));
-        kernels_.classify(pts, points, view_.TestWithin(distance_), places_);
+void SetScan::LoadBlocks(size_t start) {
+    for (Block& block : blocks_) {
+        if (start >= count_) return;
+        const size_t points = std::min(count_ - start, kBlockPoints);
+        block.ends = kernels_.endCodes(codes_ + start, points);
+        block.distance = kUsualDistance * view_.Reach();
+        kernels_.classify(pts_ + start, points, usualTest_, block.places);
+        if (block.places.reachesFar) {
+            block.distance = view_.DistanceWithin(kernels_.boundsOf(pts_ + start, points));
+            kernels_.classify(pts_ + start, points, view_.TestWithin(block.distance), block.places);
+        }
+        start += kBlockStep;
     }
-    doubtfulEdges_ = ~SharedWithNext(places_) & BitsBelow(points - 1);
+    nextBlocks_ = start;
+}
+
+void SetScan::EnterBlock(size_t start) {
+    if (start == nextBlocks_) LoadBlocks(start);
+    const size_t points = std::min(count_ - start, kBlockPoints);
+    block_ = &blocks_[start / kBlockStep % kBlocksAtOnce];
+    start_ = start;
+    owned_ = points == count_ - start ? points : kBlockStep;
+    doubtfulEdges_ = ~SharedWithNext(block_->places) & BitsBelow(points - 1);
     if (isOpen_) {
-        leastDistance_ = std::min(leastDistance_, distance_);
-        greatestDistance_ = std::max(greatestDistance_, distance_);
+        leastDistance_ = std::min(leastDistance_, block_->distance);
+        greatestDistance_ = std::max(greatestDistance_, block_->distance);
     }
 }
 
-/// The ends of the polygons that begin in the block, at @p from or later, and have to be looked at: those of two points
-/// or more that are not beyond a band as a whole.
-uint64_t SetScan::NotableEnds(size_t from) const {
-    const uint64_t ends = ends_ & BitsBelow(owned_) & ~BitsBelow(from);
+/// Passes over what begins before point @p from, polygons of a single point, and those that are beyond a band as a
+/// whole.
+SetScan::NotableEnds SetScan::FindNotableEnds(size_t from) const {
+    const uint64_t ends = block_->ends & BitsBelow(owned_) & ~BitsBelow(from);
     const uint64_t starts = (ends << 1 | (BitsBelow(from + 1) & ~BitsBelow(from))) & BitsBelow(owned_);
     // A carry that enters a polygon at its start comes out at its end if all the points between are set.
     const auto wholly = [=](uint64_t place) { return ((starts & place) + (place & ~ends)) & place & ends; };
-    const uint64_t beyond = wholly(places_.aboveAcross) | wholly(places_.belowAcross) | wholly(places_.aboveAlong) |
-                            wholly(places_.belowAlong);
-    return ends & ~starts & ~beyond;
+    const uint64_t beyond = wholly(block_->places.aboveAcross) | wholly(block_->places.belowAcross) |
+                            wholly(block_->places.aboveAlong) | wholly(block_->places.belowAlong);
+    const uint64_t all = ends & ~starts & ~beyond;
+    return {all, all & wholly(block_->places.core)};
 }
 
 /// Takes the block's points from @p from on into the polygon, up to its last or to the end of the block, with the edges
 /// between them; returns where it stopped.
 size_t SetScan::ScanOn(size_t from) {
-    const uint64_t ends = ends_ & BitsBelow(owned_) & ~BitsBelow(from);
+    const uint64_t ends = block_->ends & BitsBelow(owned_) & ~BitsBelow(from);
     const uint64_t last = ends & (~ends + 1);
     isOpen_ = last == 0;
     const uint64_t points = (isOpen_ ? BitsBelow(owned_) : last | (last - 1)) & ~BitsBelow(from);
-    findings_.places &= SharedByAll(places_, points);
+    findings_.places &= SharedByAll(block_->places, points);
     if (const uint64_t doubtful = doubtfulEdges_ & points & ~last) SearchEdges(doubtful);
     return isOpen_ ? owned_ : static_cast<size_t>(__builtin_ctzll(last)) + 1;
 }
 
 void SetScan::SearchEdges(uint64_t edges) {
-    for (uint64_t rest = InNoPlace(places_) & (edges | edges << 1); rest != 0; rest &= rest - 1) {
+    for (uint64_t rest = InNoPlace(block_->places) & (edges | edges << 1); rest != 0; rest &= rest - 1) {
         const real_pt_t& p = pts_[start_ + static_cast<size_t>(__builtin_ctzll(rest))];
-        findings_.isDelicate = findings_.isDelicate || view_.MayTouch(p, distance_);
+        findings_.isDelicate = findings_.isDelicate || view_.MayTouch(p, block_->distance);
     }
     const ClipPolygon polygon{pts_ + first_, codes_ + first_, count_ - first_};
     for (uint64_t rest = edges; rest != 0; rest &= rest - 1) {

@@ -25,8 +25,8 @@ struct OutlineFindings {
 enum class NestingProof { Found, Missing, Unknown };
 
 /// One pass over a set, a block of points at a time. It splits the set into polygons and finds the crossings of each,
-/// in the order of the polygon's ring: by edge, and on an edge by parameter. Each block is held against the rectangle
-/// as a whole, then point by point; what happens to a polygon within a block is then a matter of bits.
+/// in the order of the polygon's ring: by edge, and on an edge by parameter. What happens to a polygon within a block
+/// is a matter of bits.
 class SetScan {
 public:
     SetScan(const DrwPSetT& set, const ClipView& view, ScratchArray<Crossing>& crossings);
@@ -37,18 +37,23 @@ public:
     template <class Visit>
     void Run(Visit visit) {
         // Blocks share a point, so that every edge has both its ends in one of them.
-        for (size_t start = 0; start < count_; start += kBlockPoints - 1) {
-            LoadBlock(start);
+        for (size_t start = 0; start < count_; start += kBlockStep) {
+            EnterBlock(start);
             size_t at = 0;
             if (isOpen_) {
                 at = ScanOn(0);
                 if (!isOpen_) Close(visit, start_ + at - 1);
             }
-            for (uint64_t ends = NotableEnds(at); ends != 0; ends &= ends - 1) {
+            const NotableEnds notable = FindNotableEnds(at);
+            for (uint64_t ends = notable.all; ends != 0; ends &= ends - 1) {
                 const size_t end = static_cast<size_t>(__builtin_ctzll(ends));
                 Open(start_ + StartBefore(end, at));
-                ScanOn(first_ - start_);
-                Close(visit, start_ + end);
+                if (notable.core >> end & 1) {
+                    CloseCore(visit, start_ + end);
+                } else {
+                    ScanOn(first_ - start_);
+                    Close(visit, start_ + end);
+                }
             }
             const size_t tail = StartBefore(owned_, at);
             if (tail < owned_) {
@@ -62,11 +67,28 @@ public:
     NestingProof ProofOfNesting(const ClipPolygon& polygon);
 
 private:
+    static constexpr size_t kBlockStep = kBlockPoints - 1;
+
+    /// So many blocks are held against the rectangle at once: the kernels run on undisturbed by what comes of the bits.
+    static constexpr size_t kBlocksAtOnce = 8;
+
+    struct Block {
+        ViewBits places;
+        uint64_t ends;
+        double distance;
+    };
+
+    /// The ends, within a block, of the polygons that begin in it and have to be looked at.
+    struct NotableEnds {
+        uint64_t all;
+        uint64_t core;  ///< those of polygons that lie in the core as a whole
+    };
+
     static uint64_t BitsBelow(size_t count) { return count >= 64 ? ~uint64_t{0} : (uint64_t{1} << count) - 1; }
 
     /// Where the polygon that ends at point @p end of the block begins, which is not before @p from.
     size_t StartBefore(size_t end, size_t from) const {
-        const uint64_t before = ends_ & BitsBelow(end) & ~BitsBelow(from);
+        const uint64_t before = block_->ends & BitsBelow(end) & ~BitsBelow(from);
         return before == 0 ? from : kBlockPoints - static_cast<size_t>(__builtin_clzll(before));
     }
 
@@ -75,7 +97,7 @@ private:
         isOpen_ = true;
         crossings_.Clear();
         findings_ = {kCore | kBeyond, false, false};
-        leastDistance_ = greatestDistance_ = distance_;
+        leastDistance_ = greatestDistance_ = block_->distance;
     }
 
     template <class Visit>
@@ -86,9 +108,17 @@ private:
         if ((findings_.places & kBeyond) == 0) visit(polygon, findings_);
     }
 
-    void LoadBlock(size_t start);
+    template <class Visit>
+    void CloseCore(Visit& visit, size_t last) {
+        isOpen_ = false;
+        findings_.places = kCore;
+        visit(ClipPolygon{pts_ + first_, codes_ + first_, last - first_ + 1}, findings_);
+    }
+
+    void LoadBlocks(size_t start);
+    void EnterBlock(size_t start);
     bool HasEdgeWithin(uint64_t points, uint64_t past) const;
-    uint64_t NotableEnds(size_t from) const;
+    NotableEnds FindNotableEnds(size_t from) const;
     size_t ScanOn(size_t from);
     void SearchEdges(uint64_t edges);
     void Search(const ClipPolygon& polygon, size_t edge, const real_pt_t& end);
@@ -102,12 +132,13 @@ private:
     const ClipKernels& kernels_;
     const ViewTest usualTest_;
 
+    Block blocks_[kBlocksAtOnce];
+    size_t nextBlocks_ = 0;  ///< the start of the first block that is not loaded yet
+
     // The block: `owned_` of its points, and the edges that start at them, are not the next block's.
+    const Block* block_ = nullptr;
     size_t start_ = 0;
     size_t owned_ = 0;
-    double distance_ = 0.0;
-    uint64_t ends_ = 0;
-    ViewBits places_{};
     EdgeBits edgeBits_{};
     size_t edgeBitsOf_ = SIZE_MAX;  ///< the start of the block that they belong to
     uint64_t doubtfulEdges_ = 0;    ///< bit i: the ends of the edge from point i share no place

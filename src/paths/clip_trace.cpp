@@ -48,7 +48,7 @@ int CrossingRings::WindingOfRectangle(const real_pt_t& p) const {
 
 /// The same for the polygon's ring: each edge with crossings gives way to the chain through them.
 int CrossingRings::WindingOfPolygon(const real_pt_t& p) const {
-    int winding = WindingOfOutline(polygon_, box_, p);
+    int winding = WindingOfOutline(polygon_, p);
     for (size_t i = 0; i < Count();) {
         const size_t edge = crossings_[i].edge;
         const real_pt_t& end = EdgeEnd(edge);

@@ -21,9 +21,9 @@ struct TraceMemory {
 /// polygon's vertices stand in the caller's array, and the rectangle's corners are at most four.
 class CrossingRings {
 public:
-    CrossingRings(const ClipPolygon& polygon, const Bounds& box, const ClipView& view,
-                  ScratchArray<Crossing>& crossings, TraceMemory& memory)
-        : polygon_(polygon), box_(box), view_(view), crossings_(crossings), memory_(memory) {}
+    CrossingRings(const ClipPolygon& polygon, const ClipView& view, ScratchArray<Crossing>& crossings,
+                  TraceMemory& memory)
+        : polygon_(polygon), view_(view), crossings_(crossings), memory_(memory) {}
 
     /// Orders the crossings along the rectangle and finds out which are entries. False where memory runs out.
     bool Link();
@@ -62,7 +62,6 @@ private:
     void WriteAlongPolygon(size_t from, ClipWriter& writer) const;
 
     const ClipPolygon& polygon_;
-    const Bounds box_;
     const ClipView& view_;
     ScratchArray<Crossing>& crossings_;
     TraceMemory& memory_;

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "paths/clip_kernels.h"
+
 namespace Vellum::internal {
 
 int WindingOfCorners(const ClipView& view, const real_pt_t& p) {
@@ -12,9 +14,7 @@ int WindingOfCorners(const ClipView& view, const real_pt_t& p) {
     return winding;
 }
 
-int WindingOfOutline(const ClipPolygon& polygon, const Bounds& box, const real_pt_t& p) {
-    // Above, below and right of the whole outline the terms are exactly nothing; to the left of it they are rounded.
-    if (p.y < box.minY || p.y > box.maxY || p.x > box.maxX) return 0;
+int WindingOfOutline(const ClipPolygon& polygon, const real_pt_t& p) {
     const ClipKernels& kernels = ActiveClipKernels();
     int winding = EdgeWinding(p, polygon.pts[polygon.count - 1], polygon.pts[0]);
     // Only an edge with one end higher than p and one not adds anything.

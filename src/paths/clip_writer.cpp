@@ -17,15 +17,15 @@ void ClipWriter::Flush() {
 }
 
 void ClipWriter::AppendVertices(const ClipPolygon& polygon, size_t from, size_t to) {
-    for (size_t i = from; i <= to; ++i) {
-        if (!polygon.IsRepeated(i)) Append(polygon.pts[i], OpenCode(polygon.codes[i]));
-    }
+    if (from > to || !HasRoomFor(to - from + 1)) return;
+    for (size_t i = from; i <= to; ++i)
+        PutVertex(polygon, i);
 }
 
 void ClipWriter::AppendVerticesBackwards(const ClipPolygon& polygon, size_t from, size_t to) {
-    for (size_t i = to + 1; i-- > from;) {
-        if (!polygon.IsRepeated(i)) Append(polygon.pts[i], OpenCode(polygon.codes[i]));
-    }
+    if (from > to || !HasRoomFor(to - from + 1)) return;
+    for (size_t i = to + 1; i-- > from;)
+        PutVertex(polygon, i);
 }
 
 }  // namespace Vellum::internal

@@ -35,10 +35,7 @@ public:
     }
 
     void Append(const real_pt_t& p, uint32_t code) {
-        if (!HasRoomFor(1)) return;
-        out_.pts[next_] = p;
-        out_.codes[next_] = code;
-        ++next_;
+        if (HasRoomFor(1)) Put(p, code);
     }
 
     /// Appends the vertices among points @p from to @p to, both included; none where from > to.
@@ -57,6 +54,16 @@ public:
 private:
     /// Copied together while they are still in the cache from being looked at.
     static constexpr size_t kRunPoints = 8192;
+
+    void Put(const real_pt_t& p, uint32_t code) {
+        out_.pts[next_] = p;
+        out_.codes[next_] = code;
+        ++next_;
+    }
+
+    void PutVertex(const ClipPolygon& polygon, size_t i) {
+        if (!polygon.IsRepeated(i)) Put(polygon.pts[i], OpenCode(polygon.codes[i]));
+    }
 
     bool HasRoomFor(size_t count) {
         overflown_ = overflown_ || count > static_cast<size_t>(INT32_MAX - next_);

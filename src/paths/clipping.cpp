@@ -88,7 +88,7 @@ public:
                 if (HasTwoVertices(polygon)) WriteProvenNested(polygon, found.places);
                 return;
             }
-            CrossingRings rings(polygon, BoundsOf(polygon), view_, crossings_, traceMemory_);
+            CrossingRings rings(polygon, view_, crossings_, traceMemory_);
             if (rings.Link()) rings.Trace(writer_);
         });
         writer_.Flush();
@@ -112,12 +112,8 @@ public:
     }
 
 private:
-    static Bounds BoundsOf(const ClipPolygon& polygon) {
-        return ActiveClipKernels().boundsOf(polygon.pts, polygon.count);
-    }
-
     void ClipCrossed(const ClipPolygon& polygon, bool isConvex) {
-        CrossingRings rings(polygon, BoundsOf(polygon), view_, crossings_, traceMemory_);
+        CrossingRings rings(polygon, view_, crossings_, traceMemory_);
         if (!rings.Link()) return;
         if (isConvex && !rings.IsConsistent())
             ClipByHalfPlanes(polygon, view_, halfPlaneMemory_, writer_);
@@ -132,7 +128,7 @@ private:
         const bool isCore = (places & kCore) != 0 && view_.Orientation() != 0.0;
         if (isCore || WindingOfCorners(view_, polygon.pts[0]) != 0)
             writer_.WriteVerbatim(polygon);
-        else if (WindingOfOutline(polygon, BoundsOf(polygon), CornerOf(view_, 0)) != 0)
+        else if (WindingOfOutline(polygon, CornerOf(view_, 0)) != 0)
             WriteRectangle(view_, writer_);
     }
 
@@ -141,7 +137,7 @@ private:
     void WriteNested(const ClipPolygon& polygon) {
         if (WindingOfCorners(view_, polygon.pts[0]) != 0)
             writer_.WriteVerbatim(polygon);
-        else if (WindingOfOutline(polygon, BoundsOf(polygon), {view_.CentreX(), view_.CentreY()}) != 0)
+        else if (WindingOfOutline(polygon, {view_.CentreX(), view_.CentreY()}) != 0)
             WriteRectangle(view_, writer_);
     }
 
