@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#ifndef VELLUM_TESTS_TOOL_TOOL_RUN_H
+#define VELLUM_TESTS_TOOL_TOOL_RUN_H
+
+#include <sys/types.h>
+
+#include <string>
+#include <vector>
+
+namespace tool_test {
+
+struct Outcome {
+    int status = -1;  ///< the exit status; 128 and the signal's number where a signal ended the tool
+    std::string out;
+    std::string err;
+};
+
+/// Runs the tool to its end.
+Outcome RunTool(const std::vector<std::string>& arguments);
+
+/// Starts the tool, with its outputs thrown away.
+pid_t StartTool(const std::vector<std::string>& arguments);
+
+/// Waits for the end of a tool that was started; its status as in `Outcome`.
+int WaitForTool(pid_t tool);
+
+/// The path of a sample map.
+std::string Sample(const std::string& name);
+
+}  // namespace tool_test
+
+#endif

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#ifndef VELLUM_TOOL_GEOJSON_READER_H
+#define VELLUM_TOOL_GEOJSON_READER_H
+
+#include <string>
+
+#include "drawing.h"
+
+namespace tool {
+
+class Progress;
+
+/// Reads a GeoJSON file: a feature collection, a feature or a bare geometry. Null geometries, and geometries without
+/// coordinates, which mean the same, are left out.
+///
+/// Throws `Error` for anything else that is not GeoJSON: one line that names the file, the place in it and the cause. A
+/// file in which there is nothing to draw is an error too.
+Drawing ReadGeoJson(const std::string& path, Progress& progress);
+
+/// The same for a text at hand; @p name stands for the file in messages.
+Drawing ParseGeoJson(const std::string& text, const std::string& name, Progress& progress);
+
+}  // namespace tool
+
+#endif

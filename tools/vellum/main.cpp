@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstdio>
+#include <exception>
+#include <new>
+#include <string>
+
+#include "draw_command.h"
+#include "error.h"
+
+namespace {
+
+constexpr int kFailure = 2;
+
+int Run(int argc, char** argv) {
+    CLI::App app("Vellum: two-dimensional geometry at the command line", "vellum");
+    app.set_version_flag("--version", "vellum " VELLUM_TOOL_VERSION);
+    app.require_subcommand(1);
+    tool::AddDrawCommand(app);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& end) {
+        // The help or the version was asked for.
+        if (end.get_exit_code() == 0) return app.exit(end);
+        if (app.get_subcommands().empty()) throw tool::Error("a verb is required; vellum --help lists them");
+        throw tool::Error(end.what());
+    }
+    return 0;
+}
+
+/// One line, whatever stands in file names and in quoted text.
+int Fail(std::string message) {
+    std::replace_if(
+        message.begin(), message.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; }, '?');
+    std::fprintf(stderr, "vellum: %s\n", message.c_str());
+    return kFailure;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return Run(argc, argv);
+    } catch (const std::bad_alloc&) {
+        return Fail("out of memory");
+    } catch (const std::exception& failure) {
+        return Fail(failure.what());
+    }
+}

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#ifndef VELLUM_TOOL_PICTURE_H
+#define VELLUM_TOOL_PICTURE_H
+
+#include <functional>
+#include <string>
+
+#include "canvas.h"
+#include "output_file.h"
+#include "progress.h"
+#include "view.h"
+
+namespace tool {
+
+enum class PictureFormat { Png, Svg, Pdf };
+
+/// The format that a file's extension names. Throws `Error` for any other.
+PictureFormat FormatOf(const std::string& path);
+
+/// A picture on its way into a file.
+///
+/// A PNG is smoothed by drawing it eight times as wide and high, tile by tile, and averaging. The renderer's own
+/// smoothing treats a row of pixels differently where some edge begins or ends in it, even outside the picture; so it
+/// would show where a drawing was clipped.
+class Picture {
+public:
+    /// Throws `Error` where there is no memory for a picture of that size. @p file must outlive the picture.
+    Picture(PictureFormat format, const PictureSize& size, OutputFile& file);
+
+    /// Calls @p paint for every part of the picture in turn. Each time it must draw the whole drawing.
+    void Paint(const std::function<void(Canvas&)>& paint, Progress& progress);
+
+    /// Writes the picture to the file. Throws `Error` where that fails; a failure of the file is left to the file.
+    void Finish();
+
+private:
+    void PaintTiles(const std::function<void(Canvas&)>& paint, Progress& progress);
+    void TakeTile(cairo_surface_t* tile, int left, int top);
+
+    PictureFormat format_;
+    PictureSize size_;
+    OutputFile& file_;
+    CairoSurface surface_;
+};
+
+}  // namespace tool
+
+#endif
