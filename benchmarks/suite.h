@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#ifndef VELLUM_BENCHMARKS_SUITE_H
+#define VELLUM_BENCHMARKS_SUITE_H
+
+#include <functional>
+#include <string>
+
+#include "target_report.h"
+
+namespace VellumBench {
+
+/// A run's figures mean nothing where the contenders do not do the same work, so this ends it.
+[[noreturn]] void Abort(const std::string& message);
+
+struct Contender {
+    std::string name;
+    /// Called once, before anything is timed: holds the result against what is expected. Its text stands beside the
+    /// figures.
+    std::function<std::string()> check;
+    /// Called before each repetition; not timed.
+    std::function<void()> setUp;
+    std::function<void()> run;
+};
+
+void Register(const Contender& contender);
+
+void RegisterTransforms(TargetReport& report);
+void RegisterClipping(TargetReport& report);
+
+}  // namespace VellumBench
+
+#endif
