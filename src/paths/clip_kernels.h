@@ -11,7 +11,7 @@
 namespace Vellum::internal {
 
 /// The most points that a kernel which answers in bits takes at once: bit i of the answer is point i.
-inline constexpr size_t kBlockPoints = 64;
+inline constexpr size_t kClipBlockPoints = 64;
 
 /// The box of a run of points. NaN coordinates are left out of it and leave a mark.
 struct Bounds {

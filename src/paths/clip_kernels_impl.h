@@ -4,14 +4,16 @@
 
 // The loops of the clipping kernels, once for every instruction set. `Lanes` is what differs: a group of kWidth
 // doubles, which holds kWidth / 2 points as they stand in memory or, split, one coordinate of kWidth points, and a
-// mask, which is what a comparison of two groups gives.
+// mask, which is what a comparison of two groups gives. Each source file defines its lanes in an unnamed namespace, and
+// everything here is a template over them: what is compiled for a more capable processor must never be picked by the
+// linker for another file.
 
 #include "paths/clip_kernels.h"
 
 namespace Vellum::internal {
 
 /// Puts the bits of one group after another into a word.
-template <size_t kWidth>
+template <class Lanes, size_t kWidth = Lanes::kWidth>
 class BitCollector {
 public:
     void Put(size_t at, unsigned bits) { word_ |= uint64_t{bits} << at; }
@@ -23,8 +25,8 @@ private:
 
 /// Where a group gives a byte, bytes are stored as they come: shifting each into its place costs more than the rest of
 /// the comparison. All machines with such groups are little-endian.
-template <>
-class BitCollector<8> {
+template <class Lanes>
+class BitCollector<Lanes, 8> {
 public:
     void Put(size_t at, unsigned bits) { bytes_[at / 8] = static_cast<unsigned char>(bits); }
     uint64_t Word() const {
@@ -102,10 +104,10 @@ struct ClipKernelLoops {
         const Reg rightLimit = Lanes::Fill(limits.right);
         const Reg belowLimit = Lanes::Fill(limits.below);
         const Reg aboveLimit = Lanes::Fill(limits.above);
-        BitCollector<kWidth> left;
-        BitCollector<kWidth> right;
-        BitCollector<kWidth> below;
-        BitCollector<kWidth> above;
+        BitCollector<Lanes> left;
+        BitCollector<Lanes> right;
+        BitCollector<Lanes> below;
+        BitCollector<Lanes> above;
         ForEachGroup(pts, count, [&](const Reg& px, const Reg& py, size_t at) {
             left.Put(at, Lanes::Bits(Lanes::Less(px, leftLimit)));
             right.Put(at, Lanes::Bits(Lanes::Less(rightLimit, px)));
@@ -120,7 +122,7 @@ struct ClipKernelLoops {
 
     static uint64_t HigherThan(const real_pt_t* pts, size_t count, double y) {
         const Reg limit = Lanes::Fill(y);
-        BitCollector<kWidth> higher;
+        BitCollector<Lanes> higher;
         ForEachGroup(pts, count, [&](const Reg&, const Reg& py, size_t at) {
             higher.Put(at, Lanes::Bits(Lanes::Less(limit, py)));
         });
@@ -157,9 +159,9 @@ private:
         const Reg outer;
         const Reg far;
         Reg most;
-        BitCollector<kWidth> within;
-        BitCollector<kWidth> beyond;
-        BitCollector<kWidth> negative;
+        BitCollector<Lanes> within;
+        BitCollector<Lanes> beyond;
+        BitCollector<Lanes> negative;
     };
 
     static Bounds Gather(const Reg& low, const Reg& high, const Mask& nan) {

@@ -42,7 +42,7 @@ SetScan::SetScan(const DrwPSetT& set, const ClipView& view, ScratchArray<Crossin
 void SetScan::LoadBlocks(size_t start) {
     for (Block& block : blocks_) {
         if (start >= count_) return;
-        const size_t points = std::min(count_ - start, kBlockPoints);
+        const size_t points = std::min(count_ - start, kClipBlockPoints);
         block.ends = kernels_.endCodes(codes_ + start, points);
         block.distance = kUsualDistance * view_.Reach();
         kernels_.classify(pts_ + start, points, usualTest_, block.places);
@@ -57,7 +57,7 @@ void SetScan::LoadBlocks(size_t start) {
 
 void SetScan::EnterBlock(size_t start) {
     if (start == nextBlocks_) LoadBlocks(start);
-    const size_t points = std::min(count_ - start, kBlockPoints);
+    const size_t points = std::min(count_ - start, kClipBlockPoints);
     block_ = &blocks_[start / kBlockStep % kBlocksAtOnce];
     start_ = start;
     owned_ = points == count_ - start ? points : kBlockStep;
@@ -130,7 +130,7 @@ void SetScan::CloseOutline(const ClipPolygon& polygon) {
 NestingProof SetScan::ProofOfNesting(const ClipPolygon& polygon) {
     if (first_ < start_) return NestingProof::Unknown;
     if (edgeBitsOf_ != start_) {
-        kernels_.compare(pts_ + start_, std::min(count_ - start_, kBlockPoints), view_.Limits(), edgeBits_);
+        kernels_.compare(pts_ + start_, std::min(count_ - start_, kClipBlockPoints), view_.Limits(), edgeBits_);
         edgeBitsOf_ = start_;
     }
     const size_t from = first_ - start_;

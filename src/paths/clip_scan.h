@@ -67,7 +67,7 @@ public:
     NestingProof ProofOfNesting(const ClipPolygon& polygon);
 
 private:
-    static constexpr size_t kBlockStep = kBlockPoints - 1;
+    static constexpr size_t kBlockStep = kClipBlockPoints - 1;
 
     /// So many blocks are held against the rectangle at once: the kernels run on undisturbed by what comes of the bits.
     static constexpr size_t kBlocksAtOnce = 8;
@@ -89,7 +89,7 @@ private:
     /// Where the polygon that ends at point @p end of the block begins, which is not before @p from.
     size_t StartBefore(size_t end, size_t from) const {
         const uint64_t before = block_->ends & BitsBelow(end) & ~BitsBelow(from);
-        return before == 0 ? from : kBlockPoints - static_cast<size_t>(__builtin_clzll(before));
+        return before == 0 ? from : kClipBlockPoints - static_cast<size_t>(__builtin_clzll(before));
     }
 
     void Open(size_t first) {
