@@ -107,6 +107,7 @@ public:
     /// That angle in (-pi, pi], in radians, and the mirror record.
     void GetOrientation(double* angle, int* mirrorRecord) const;
     /// Whether the matrix mirrors, and the rotation in degrees in [0, 360), which snaps to a multiple of 90 within 0.1.
+    /// Where m12 is negative but too small beside m11 to turn anything, it is 360 itself.
     void GetXMirrorAndRotation(bool* mirrored, double* degrees) const;
     /// Whether the matrix mirrors, and the quarter-turn (0 to 3; every angle strictly between 0 and 180 degrees counts
     /// as 1, between 180 and 360 as 3; -1 for a zero first row) once a mirror in X is taken off its output side.
@@ -123,8 +124,9 @@ public:
     /// this x scale.
     void Scale(double sx, double sy);
     /// Turns counter-clockwise (y upwards): with @p mode 1 before what the matrix does, with any other after it.
-    /// 0, 90, 180 and 270 are exact, as are 360 and up to 630 by one turn's subtraction; other angles, negative ones
-    /// included, come from the sine and cosine of the maths library.
+    /// 0, 90, 180 and 270 are exact, and so are 360, 450, 540 and 630, as one turn is taken off. All others come from
+    /// the sine and cosine of the maths library, -90 and 720 too: those leave tiny residues and make the matrix a
+    /// general one.
     void Rotate(double degrees, int mode);
     /// this x reflection in the X axis.
     void ReflectInX();

@@ -81,7 +81,7 @@ struct Avx2Lanes {
             _mm_storeu_pd(out + 2 * Count(kept & 1), _mm256_extractf128_pd(p, 1));
         }
         static void KeepCodes(unsigned kept, const uint32_t* codes, uint32_t* out) {
-            KeepCodesInTurn<kPoints>(kept, codes, out);
+            KeepCodesInTurn<ModelGroup>(kept, codes, out);
         }
     };
 
@@ -110,7 +110,7 @@ struct Avx2Lanes {
             _mm256_storeu_si256(reinterpret_cast<__m256i*>(out), _mm256_permutevar8x32_epi32(p, order));
         }
         static void KeepCodes(unsigned kept, const uint32_t* codes, uint32_t* out) {
-            KeepCodesInTurn<kPoints>(kept, codes, out);
+            KeepCodesInTurn<DeviceGroup>(kept, codes, out);
         }
     };
 

@@ -16,12 +16,10 @@ struct Avx512Lanes {
     using Ints = __m256i;
 
     static Doubles Load(const double* p) { return _mm512_loadu_pd(p); }
-    static Doubles LoadOne(const double* p) {
-        return _mm512_castps_pd(_mm512_broadcast_f32x4(_mm_castpd_ps(_mm_loadu_pd(p))));
-    }
+    static Doubles LoadOne(const double* p) { return Repeated(_mm_loadu_pd(p)); }
     static void Store(Doubles v, double* p) { _mm512_storeu_pd(p, v); }
     static void StoreOne(Doubles v, double* p) { _mm_storeu_pd(p, _mm512_castpd512_pd128(v)); }
-    static Doubles Pair(double x, double y) { return _mm512_setr_pd(x, y, x, y, x, y, x, y); }
+    static Doubles Pair(double x, double y) { return Repeated(_mm_setr_pd(x, y)); }
     static Doubles Exchanged(Doubles v) { return _mm512_permute_pd(v, 0x55); }
     static Doubles Add(Doubles a, Doubles b) { return _mm512_add_pd(a, b); }
     static Doubles Multiply(Doubles a, Doubles b) { return _mm512_mul_pd(a, b); }
@@ -116,6 +114,9 @@ struct Avx512Lanes {
             _mm256_storeu_si256(reinterpret_cast<__m256i*>(out), packed);
         }
     };
+
+private:
+    static Doubles Repeated(__m128d point) { return _mm512_castps_pd(_mm512_broadcast_f32x4(_mm_castpd_ps(point))); }
 };
 
 }  // namespace

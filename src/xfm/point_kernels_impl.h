@@ -4,8 +4,8 @@
 
 // The kernels as templates over `L`, the lanes of one instruction set. Every source file that includes this one defines
 // its lanes in an unnamed namespace, so that all instantiations stay inside it: what is compiled for a more capable
-// processor must never be picked by the linker for another file. For the same reason nothing here may call an inline
-// function of the standard library.
+// processor must never be picked by the linker for another file. For the same reason every function here is a template
+// over something of `L`, and none may call an inline function of the standard library.
 //
 // `L` offers
 //   Doubles              kPoints points, x and y in turn
@@ -103,6 +103,28 @@ inline constexpr size_t kStreamingBytes = size_t{8} << 20;
 
 inline constexpr size_t kLineBytes = 64;
 
+/// How many points ahead of the work memory is asked for. Processors do so by themselves, but only up to the end of a
+/// page and later than is good for loops as short as these.
+inline constexpr size_t kPointsAhead = 256;
+
+/// Asks for what kPoints points take, kPointsAhead on from `points`, if so many are `available` there.
+template <class Lanes, size_t kPoints>
+void ReadAhead(const double* points, size_t available) {
+    constexpr size_t kPointsPerLine = kLineBytes / (2 * sizeof(double));
+    if (available < kPointsAhead + kPoints) return;
+    for (size_t k = kPointsAhead; k < kPointsAhead + kPoints; k += kPointsPerLine) {
+        __builtin_prefetch(points + 2 * k);
+    }
+}
+
+/// How many points, up to n, come before the first one on a boundary of vectors. Accesses across cache lines cost.
+template <class L>
+size_t PointsToBoundary(const double* points, size_t n) {
+    constexpr size_t kPointBytes = 2 * sizeof(double);
+    const size_t count = -reinterpret_cast<uintptr_t>(points) % (L::kPoints * kPointBytes) / kPointBytes;
+    return count < n ? count : n;
+}
+
 template <class L>
 bool Streams(size_t bytes) {
     return L::kStreams && bytes >= kStreamingBytes;
@@ -158,28 +180,38 @@ private:
     bool streaming;
 };
 
+/// Maps the first n of `available` points.
 template <class L, class As, class Map>
-[[gnu::flatten]] void MapRun(Map map, size_t n, const double* in, typename As::Number* out) {
+[[gnu::flatten]] void MapRun(const Mtx2D& m, size_t n, size_t available, const double* in, typename As::Number* out) {
+    const Map map(m);
+    const auto mapOne = [&](size_t i) { As::PutOne(map(L::LoadOne(in + 2 * i)), out + 2 * i); };
+    const auto mapVector = [&](size_t i) { As::Put(map(L::Load(in + 2 * i)), out + 2 * i); };
+    const size_t boundary = PointsToBoundary<L>(in, n);
     size_t i = 0;
+    for (; i < boundary; ++i) {
+        mapOne(i);
+    }
     for (; n - i >= 4 * L::kPoints; i += 4 * L::kPoints) {
-        for (size_t k = i; k < i + 4 * L::kPoints; k += L::kPoints) {
-            As::Put(map(L::Load(in + 2 * k)), out + 2 * k);
-        }
+        ReadAhead<L, 4 * L::kPoints>(in + 2 * i, available - i);
+        mapVector(i);
+        mapVector(i + L::kPoints);
+        mapVector(i + 2 * L::kPoints);
+        mapVector(i + 3 * L::kPoints);
     }
     for (; n - i >= L::kPoints; i += L::kPoints) {
-        As::Put(map(L::Load(in + 2 * i)), out + 2 * i);
+        mapVector(i);
     }
     for (; i < n; ++i) {
-        As::PutOne(map(L::LoadOne(in + 2 * i)), out + 2 * i);
+        mapOne(i);
     }
 }
 
 template <class L, class As, class Map>
-void MapStreaming(const Map& map, size_t n, const double* in, typename As::Number* out) {
+void MapStreaming(const Mtx2D& m, size_t n, const double* in, typename As::Number* out) {
     OutputBlock<L, typename As::Number> output(out, 2 * n);
     for (size_t i = 0; i < n; i += kBlockPoints) {
         const size_t points = n - i < kBlockPoints ? n - i : kBlockPoints;
-        MapRun<L, As>(map, points, in + 2 * i, output.End());
+        MapRun<L, As, Map>(m, points, n - i, in + 2 * i, output.End());
         output.Grow(2 * points);
         output.Flush();
     }
@@ -190,11 +222,10 @@ template <class L, class As, class Map>
 void MapPoints(const Mtx2D& m, int n, const double* in, typename As::Number* out) {
     if (n <= 0) return;
     const auto count = static_cast<size_t>(n);
-    const Map map(m);
     if (Streams<L>(2 * count * sizeof(typename As::Number))) {
-        MapStreaming<L, As>(map, count, in, out);
+        MapStreaming<L, As, Map>(m, count, in, out);
     } else {
-        MapRun<L, As>(map, count, in, out);
+        MapRun<L, As, Map>(m, count, count, in, out);
     }
 }
 
@@ -271,27 +302,37 @@ template <class L, class Map>
     const Map map(m);
     BoundLanes<L, Lower<L>> lowerSoFar;
     BoundLanes<L, Upper<L>> upperSoFar;
-    const auto take = [&](size_t i, size_t chain) {
-        const auto p = map(L::Load(points + 2 * i));
-        L::Store(p, points + 2 * i);
+    const auto include = [&](typename L::Doubles p, size_t chain) {
         lowerSoFar.Include(chain, p);
         upperSoFar.Include(chain, p);
     };
-    size_t i = 0;
-    for (; count - i >= 4 * L::kPoints; i += 4 * L::kPoints) {
-        take(i, 0);
-        take(i + L::kPoints, 1);
-        take(i + 2 * L::kPoints, 2);
-        take(i + 3 * L::kPoints, 3);
-    }
-    for (; count - i >= L::kPoints; i += L::kPoints) {
-        take(i, 0);
-    }
-    for (; i < count; ++i) {
+    const auto mapOne = [&](size_t i) {
         const auto p = map(L::LoadOne(points + 2 * i));
         L::StoreOne(p, points + 2 * i);
-        lowerSoFar.Include(0, p);
-        upperSoFar.Include(0, p);
+        include(p, 0);
+    };
+    const auto mapVector = [&](size_t i, size_t chain) {
+        const auto p = map(L::Load(points + 2 * i));
+        L::Store(p, points + 2 * i);
+        include(p, chain);
+    };
+    const size_t boundary = PointsToBoundary<L>(points, count);
+    size_t i = 0;
+    for (; i < boundary; ++i) {
+        mapOne(i);
+    }
+    for (; count - i >= 4 * L::kPoints; i += 4 * L::kPoints) {
+        ReadAhead<L, 4 * L::kPoints>(points + 2 * i, count - i);
+        mapVector(i, 0);
+        mapVector(i + L::kPoints, 1);
+        mapVector(i + 2 * L::kPoints, 2);
+        mapVector(i + 3 * L::kPoints, 3);
+    }
+    for (; count - i >= L::kPoints; i += L::kPoints) {
+        mapVector(i, 0);
+    }
+    for (; i < count; ++i) {
+        mapOne(i);
     }
     // Copies, so that the loops above may keep the originals in registers.
     const auto lower = lowerSoFar;
@@ -299,19 +340,21 @@ template <class L, class Map>
     return {lower.Of(0, points), lower.Of(1, points), upper.Of(0, points), upper.Of(1, points)};
 }
 
-/// Writes the codes of the set bits one after another, and anything beyond them up to kCount in all.
-template <size_t kCount>
+/// Writes the codes of the set bits one after another, and anything beyond them up to one for
+/// each point of a group.
+template <class Group>
 void KeepCodesInTurn(unsigned kept, const uint32_t* codes, uint32_t* out) {
-    for (size_t k = 0; k < kCount; ++k) {
+    for (size_t k = 0; k < Group::kPoints; ++k) {
         *out = codes[k];
         out += kept >> k & 1;
     }
 }
 
-/// Maps n points and writes those that differ from the one before them; before the first stands the last one of `last`,
-/// which is replaced by the last of these. To differ from the last point written is the same, for whatever was dropped
-/// in between equals that one. Returns how many were written. Where `codesBefore` is not null, it has the code of the
-/// point before each, which is final once the next point is kept, and as many codes are written.
+/// Maps the first n of `available` points and writes those that differ from the one before them; before the first
+/// stands the last one of `last`, which is replaced by the last of these. To differ from the last point written is the
+/// same, for whatever was dropped in between equals that one. Returns how many were written. Where `codesBefore` is not
+/// null, it has the code of the point before each, which is final once the next point is kept, and as many codes are
+/// written.
 ///
 /// A `Group` offers
 ///   Number, kPoints      what it writes; how many points it holds
@@ -323,12 +366,14 @@ void KeepCodesInTurn(unsigned kept, const uint32_t* codes, uint32_t* out) {
 ///                        to kPoints in all
 ///   KeepCodes            (kept, codes, out): the same with codes
 template <class Group, class Map>
-[[gnu::flatten]] size_t MergeRun(Map map, size_t n, const double* in, Group& last, typename Group::Number* points,
-                                 const uint32_t* codesBefore, uint32_t* codes) {
+[[gnu::flatten]] size_t MergeRun(const Mtx2D& m, size_t n, size_t available, const double* in, Group& last,
+                                 typename Group::Number* points, const uint32_t* codesBefore, uint32_t* codes) {
+    const Map map(m);
     Group before = last;
     size_t written = 0;
     size_t i = 0;
     for (; n - i >= Group::kPoints; i += Group::kPoints) {
+        ReadAhead<Group, Group::kPoints>(in + 2 * i, available - i);
         const Group group = Group::Of(map, in + 2 * i);
         const unsigned kept = group.Changes(before);
         group.Keep(kept, points + 2 * written);
@@ -356,28 +401,34 @@ int MapPolygon(const Mtx2D& m, int n, const double* in, typename Group::Number* 
     if (n <= 0) return 0;
     const auto count = static_cast<size_t>(n);
     const bool withCodes = codeArrays.out != nullptr;
-    const Map map(m);
     OutputBlock<L, typename Group::Number> points(out, 2 * count);
     OutputBlock<L, uint32_t> codes(codeArrays.out, count);
 
-    Group last = Group::OfOne(map, in);
+    Group last = Group::OfOne(Map(m), in);
     last.Keep(1, points.End());
     points.Grow(2);
     size_t kept = 1;
-    for (size_t i = 1; i < count; i += kBlockPoints) {
-        const size_t block = count - i < kBlockPoints ? count - i : kBlockPoints;
-        const size_t written = MergeRun(map, block, in + 2 * i, last, points.End(),
-                                        withCodes ? codeArrays.in + i - 1 : nullptr, codes.End());
+    // The first block is a short one, so that the groups of the others lie on boundaries.
+    size_t block = count > kBlockPoints ? PointsToBoundary<L>(in + 2, count - 1) : count - 1;
+    for (size_t i = 1; i < count;) {
+        const size_t written = MergeRun<Group, Map>(m, block, count - i, in + 2 * i, last, points.End(),
+                                                    withCodes ? codeArrays.in + i - 1 : nullptr, codes.End());
         kept += written;
         points.Grow(2 * written);
         if (withCodes) codes.Grow(written);
-        if (kept <= kThereAndBack) continue;
-        points.Flush();
-        if (withCodes) codes.Flush();
+        if (kept > kThereAndBack) {
+            points.Flush();
+            if (withCodes) codes.Flush();
+        }
+        i += block;
+        block = count - i < kBlockPoints ? count - i : kBlockPoints;
     }
 
-    const auto* const first = points.End() - 2 * kept;
-    if (kept == kThereAndBack && first[4] == first[0] && first[5] == first[1]) {
+    const auto lastLiesOnFirst = [&] {
+        const auto* const first = points.End() - 2 * kThereAndBack;
+        return first[4] == first[0] && first[5] == first[1];
+    };
+    if (kept == kThereAndBack && lastLiesOnFirst()) {
         kept = 2;
         points.Shrink(2);
     } else if (withCodes) {

@@ -62,7 +62,7 @@ struct PlainLanes {
         static size_t Count(unsigned kept) { return kept; }
         void Keep(unsigned, Number* out) const { Store(p, out); }
         static void KeepCodes(unsigned kept, const uint32_t* codes, uint32_t* out) {
-            KeepCodesInTurn<kPoints>(kept, codes, out);
+            KeepCodesInTurn<Group>(kept, codes, out);
         }
 
     private:

@@ -67,7 +67,7 @@ struct Sse2Lanes {
         static size_t Count(unsigned kept) { return kept; }
         void Keep(unsigned, Number* out) const { Store(p, out); }
         static void KeepCodes(unsigned kept, const uint32_t* codes, uint32_t* out) {
-            KeepCodesInTurn<kPoints>(kept, codes, out);
+            KeepCodesInTurn<ModelGroup>(kept, codes, out);
         }
     };
 
@@ -97,7 +97,7 @@ struct Sse2Lanes {
             Store(_mm_unpackhi_epi64(p, p), out + 2 * Count(kept & 1));
         }
         static void KeepCodes(unsigned kept, const uint32_t* codes, uint32_t* out) {
-            KeepCodesInTurn<kPoints>(kept, codes, out);
+            KeepCodesInTurn<DeviceGroup>(kept, codes, out);
         }
     };
 };
