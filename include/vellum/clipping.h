@@ -13,10 +13,10 @@
 /// hole, fill all the rings of a polygon together by the even-odd rule. A polygon of a single point, or of equal
 /// points, gives nothing. The rectangle is used through its four corners alone, in their order, whatever they are.
 ///
-/// In the output the last point of a polygon has code 3 where it would be 1 and code 2 otherwise; the other points
-/// carry the code of the input point that they were or, at a crossing, of the point that the clipped edge starts at;
-/// what comes from the rectangle has code 0. Polygons that lie wholly within the rectangle are copied as they stand,
-/// with their codes and repeated points.
+/// In the output the last point of a polygon has code 3 where it would be 1 and code 2 otherwise. The other points
+/// carry the code of the input point that they were; a crossing has the code of the point that the clipped edge starts
+/// at, or 0 where a stretch along the rectangle begins; the rectangle's corners have 0. Polygons that lie wholly within
+/// the rectangle and touch no side are copied as they stand, with their codes and repeated points.
 ///
 /// Both append to @p out: the caller owns its arrays and makes them large enough for what is there and for
 /// `ClipPolygonSetMaxPts` more; nothing is reallocated. They must not overlap the input's. The calls keep nothing,
@@ -24,7 +24,7 @@
 /// needed it is left out, and what stood in @p out stays; so is a polygon that would carry the count past
 /// 2,147,483,647.
 ///
-/// Any coordinates will do. Edges with a NaN coordinate meet nothing.
+/// Any coordinates may be given. Edges with a NaN coordinate meet nothing.
 ///
 /// @code
 ///     std::vector<Vellum::real_pt_t> pts(Vellum::ClipPolygonSetMaxPts(&map));
@@ -45,13 +45,11 @@ namespace Vellum {
 ///
 /// Its quirks are kept, since stored drawings depend on them:
 /// - Polygons that no side meets are looked into only where edges lie apart from sides, by their boxes, both to the
-/// left
-///   and to the right, or both below and above. In a turned rectangle many polygons lack that and are left out, though
-///   they lie wholly inside, as is a turned rectangle within a polygon.
-/// - A vertex on a side of the rectangle may count twice or not at all. The hit at the start of an edge is moved 2^-23
-/// of
-///   the edge's length into it. A trace that could then never come back to its start is given up: its polygon is left
-///   out.
+///   left and to the right, or both below and above. In a turned rectangle many polygons lack that and are left out,
+///   though they lie wholly inside, as is a turned rectangle within a polygon.
+/// - A vertex on a side of the rectangle may count twice or not at all. The hit at the start of an edge is moved by
+///   2^-23 of the edge's length into it. A trace that could then never come back to its start is given up: its polygon
+///   is left out.
 /// - An edge whose direction vector equals a side's within 2^-23 on both axes never meets that side.
 ///
 /// @p in and @p clip are not modified.
@@ -60,7 +58,8 @@ VELLUM_API void ClipPolygonSet(DrwPSetT* in, DrwPSetT* out, DblRect* clip);
 /// The same service for hosts that must not lose area. Containment is decided by the inside tests alone, and a polygon
 /// that cannot be traced safely (a vertex on a side, an edge along one, crossings that do not alternate) is clipped by
 /// the four sides in turn. For a convex rectangle and a polygon that does not cross itself, the polygons appended
-/// enclose exactly the intersection, up to rounding.
+/// enclose the intersection, up to rounding in proportion to the polygon's own extent. That holds for coordinates whose
+/// products neither overflow nor vanish, about 1e-150 to 1e150.
 ///
 /// Clipped by the sides in turn, several pieces come out as one polygon, joined by stretches that run along a side
 /// there and back; points that are not finite are passed over. Where the corners enclose no convex area, polygons are
@@ -71,13 +70,17 @@ VELLUM_API void ClipPolygonSetComplete(const DrwPSetT* in, DrwPSetT* out, const 
 /// points.
 ///
 /// For a polygon of v vertices (repeated points counted once) and e edges of some length the bound is 2 v + 8 e + 4, or
-/// its number of points where that is more. Why it holds: an edge has at most four crossings, one for each side, so
-/// there are c <= 4 e. A trace appends, walk by walk, a crossing and the vertices up to the next one. Each of the 2 c
-/// places where a walk can start (each crossing, in each of the two rings) is used at most once in all traces together,
-/// and, where c > 1, two of them never are where c is odd and half of them are not where it is even; each stretch
-/// between two neighbouring crossings is walked at most once from each of its ends. That makes 2 (v + 4) + 2 (c - 1)
-/// points at most, with c odd and so below 4 e. Clipping by the four sides adds half as many points at each side at
-/// most, which is less.
+/// its number of points where that is more. Why it holds: an edge has at most one crossing with each side, so there are
+/// c <= 4 e. A trace appends, walk by walk, a crossing and the vertices up to the next one. There are 2 c places where
+/// a walk can start, a crossing in either ring, and each starts at most one in all the traces that end.
+///
+/// - Where c is even, entries and exits pair up along each ring, and of two traces that are each other's reverse one is
+///   made: c walks, each stretch walked once, c + v + 4 points at most.
+/// - Where c is odd and above 1, one crossing of each ring is never arrived at: 2 c - 2 walks at most, which walk a
+///   stretch at most once from each end: 2 (v + 4) + 2 c - 2 points, with c <= 4 e - 1.
+/// - A single crossing gives the whole of both rings, v + 6 points.
+///
+/// Clipping by the four sides adds at each at most half as many points as there are, in all (3/2)^4 v, which is less.
 VELLUM_API size_t ClipPolygonSetMaxPts(const DrwPSetT* in);
 
 }  // namespace Vellum

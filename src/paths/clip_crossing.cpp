@@ -15,6 +15,17 @@ bool AreApart(const real_pt_t& a, const real_pt_t& b, const ClipSide& k) {
            k.maxY < std::min(a.y, b.y);
 }
 
+// The terms of a corner's distance from a line carry at most some ten roundings; this leaves ample room.
+constexpr double kRoundingShare = 256.0 * 0x1p-53;
+
+/// NaN counts as being on the line.
+bool MayPassThrough(const real_pt_t& s, double dx, double dy, const ClipSide& corner) {
+    const double fromX = s.x - corner.x;
+    const double fromY = s.y - corner.y;
+    const double reach = std::max({std::fabs(fromX), std::fabs(fromY), std::fabs(dx), std::fabs(dy)});
+    return !(std::fabs(fromY * dx - fromX * dy) > kRoundingShare * reach * (std::fabs(dx) + std::fabs(dy)));
+}
+
 bool IsParameter(double alpha) { return alpha >= 0.0 && alpha <= 1.0; }
 
 /// A hit at the start of an edge moves a hair into it, apart from the hit at the end of the edge before.
@@ -42,11 +53,12 @@ EdgeFindings FindCrossings(const ClipPolygon& polygon, size_t edge, const real_p
     EdgeFindings findings{false, false};
     for (unsigned side = 0; side < 4; ++side) {
         const ClipSide& k = view.Side(side);
+        findings.isDelicate = findings.isDelicate || MayPassThrough(s, dx, dy, k);
         if (AreApart(s, end, k)) continue;
         const double denom = dx * k.dy - dy * k.dx;
         const bool isSameDirection = std::fabs(dx - k.dx) < kSingleEpsilon && std::fabs(dy - k.dy) < kSingleEpsilon;
         if (isSameDirection || (-kSingleSmallest <= denom && denom <= kSingleSmallest)) {
-            findings.isParallel = true;
+            findings.isDelicate = true;
             continue;
         }
         const double alphaSubject = ((s.y - k.y) * k.dx - (s.x - k.x) * k.dy) / denom;

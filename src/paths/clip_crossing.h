@@ -21,7 +21,9 @@ struct Crossing {
 
 /// What came of holding an edge against the four sides.
 struct EdgeFindings {
-    bool isParallel;    ///< the edge and a side that it may touch have, as far as told, one direction
+    /// The crossings hang on a rounding: a corner lies on the edge's line as far as can be told, or the edge has the
+    /// direction of a side that it may touch.
+    bool isDelicate;
     bool isIncomplete;  ///< working memory ran out
 };
 

@@ -31,11 +31,13 @@ bool KeepInside(const ClipSide& side, double orientation, ScratchArray<CodedPoin
     after.Clear();
     if (before.IsEmpty()) return true;
     bool fits = true;
+    bool hasInside = false;
     double depth = Depth(before[0].at, side, orientation);
     for (size_t i = 0; i < before.Size(); ++i) {
         const CodedPoint& a = before[i];
         const CodedPoint& b = before[i + 1 == before.Size() ? 0 : i + 1];
         const double nextDepth = Depth(b.at, side, orientation);
+        hasInside = hasInside || depth > 0.0;
         if (depth >= 0.0) fits = fits && after.Append(a);
         if ((depth > 0.0 && nextDepth < 0.0) || (depth < 0.0 && nextDepth > 0.0)) {
             const bool leaves = depth > 0.0;
@@ -44,6 +46,8 @@ bool KeepInside(const ClipSide& side, double orientation, ScratchArray<CodedPoin
         }
         depth = nextDepth;
     }
+    // An outline that only runs along the side from outside has nothing inside.
+    if (!hasInside) after.Clear();
     return fits;
 }
 

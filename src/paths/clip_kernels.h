@@ -67,8 +67,7 @@ struct EdgeBits {
     uint64_t above;
 };
 
-/// The inner loops of clipping for one instruction set. Each gives the same answer in every set; the rounding of `U`
-/// may differ, and the limits of a `BandTest` allow for that.
+/// The inner loops of clipping for one instruction set. Each gives the same answer in every set.
 struct ClipKernels {
     /// Which of up to 64 codes end a polygon.
     uint64_t (*endCodes)(const uint32_t* codes, size_t count);

@@ -28,6 +28,7 @@ struct Avx512Lanes {
     static Reg Sub(Reg a, Reg b) { return _mm512_sub_pd(a, b); }
     static Reg Mul(Reg a, Reg b) { return _mm512_mul_pd(a, b); }
     static Reg Abs(Reg a) { return _mm512_andnot_pd(_mm512_set1_pd(-0.0), a); }
+    // Masked with all lanes set: the headers' plain forms start from an undefined value, of which GCC warns.
     static Reg Min(Reg a, Reg b) { return _mm512_mask_min_pd(b, 0xFF, a, b); }
     static Reg Max(Reg a, Reg b) { return _mm512_mask_max_pd(b, 0xFF, a, b); }
     static Mask Less(Reg a, Reg b) { return _mm512_cmp_pd_mask(a, b, _CMP_LT_OQ); }

@@ -54,9 +54,6 @@ struct Sse2Lanes {
     static Mask Unordered(const Reg& a) {
         return {_mm_cmpunord_pd(a.first, a.first), _mm_cmpunord_pd(a.second, a.second)};
     }
-    static Mask And(const Mask& a, const Mask& b) {
-        return {_mm_and_pd(a.first, b.first), _mm_and_pd(a.second, b.second)};
-    }
     static Mask Or(const Mask& a, const Mask& b) {
         return {_mm_or_pd(a.first, b.first), _mm_or_pd(a.second, b.second)};
     }

@@ -4,8 +4,9 @@
 namespace Vellum::internal {
 namespace {
 
-// Places that points share are told apart in proportion to the distance of their block. Where the blocks of a polygon
-// differ by more than this, the places they share prove nothing about the edge between its last point and its first.
+// What lies beyond a band in a block does so by 2^-20 of that block's distance, and the rounding about the edge between
+// a polygon's last point and its first grows with the greater distance of the two. Up to this ratio the gap outweighs
+// the rounding by far; beyond it the places that the blocks share prove nothing about that edge.
 constexpr double kComparableDistances = 1024.0;
 
 // How far from the rectangle, in units of its reach, most points are expected to be.
@@ -30,16 +31,18 @@ Places SharedByAll(const ViewBits& bits, uint64_t points) {
 
 }  // namespace
 
-SetScan::SetScan(const DrwPSetT& set, const ClipView& view, ScratchArray<Crossing>& crossings)
+SetScan::SetScan(const DrwPSetT& set, const ClipView& view, Beyond beyond, ScratchArray<Crossing>& crossings)
     : pts_(set.pts),
       codes_(set.codes),
       count_(set.numPts > 0 ? static_cast<size_t>(set.numPts) : 0),
       view_(view),
+      passedOver_(beyond == Beyond::IsOutside ? kBeyond : 0),
       crossings_(crossings),
       kernels_(ActiveClipKernels()),
       usualTest_(view.TestWithin(kUsualDistance * view.Reach())) {}
 
 void SetScan::LoadBlocks(size_t start) {
+    nextBlocks_ = start + kBlocksAtOnce * kBlockStep;
     for (Block& block : blocks_) {
         if (start >= count_) return;
         const size_t points = std::min(count_ - start, kClipBlockPoints);
@@ -52,7 +55,6 @@ void SetScan::LoadBlocks(size_t start) {
         }
         start += kBlockStep;
     }
-    nextBlocks_ = start;
 }
 
 void SetScan::EnterBlock(size_t start) {
@@ -60,7 +62,7 @@ void SetScan::EnterBlock(size_t start) {
     const size_t points = std::min(count_ - start, kClipBlockPoints);
     block_ = &blocks_[start / kBlockStep % kBlocksAtOnce];
     start_ = start;
-    owned_ = points == count_ - start ? points : kBlockStep;
+    owned_ = std::min(points, kBlockStep);
     doubtfulEdges_ = ~SharedWithNext(block_->places) & BitsBelow(points - 1);
     if (isOpen_) {
         leastDistance_ = std::min(leastDistance_, block_->distance);
@@ -75,6 +77,7 @@ SetScan::NotableEnds SetScan::FindNotableEnds(size_t from) const {
     const uint64_t starts = (ends << 1 | (BitsBelow(from + 1) & ~BitsBelow(from))) & BitsBelow(owned_);
     // A carry that enters a polygon at its start comes out at its end if all the points between are set.
     const auto wholly = [=](uint64_t place) { return ((starts & place) + (place & ~ends)) & place & ends; };
+    if (passedOver_ == 0) return {ends & ~starts, ends & ~starts & wholly(block_->places.core)};
     const uint64_t beyond = wholly(block_->places.aboveAcross) | wholly(block_->places.belowAcross) |
                             wholly(block_->places.aboveAlong) | wholly(block_->places.belowAlong);
     const uint64_t all = ends & ~starts & ~beyond;
@@ -96,7 +99,7 @@ size_t SetScan::ScanOn(size_t from) {
 void SetScan::SearchEdges(uint64_t edges) {
     for (uint64_t rest = InNoPlace(block_->places) & (edges | edges << 1); rest != 0; rest &= rest - 1) {
         const real_pt_t& p = pts_[start_ + static_cast<size_t>(__builtin_ctzll(rest))];
-        findings_.isDelicate = findings_.isDelicate || view_.MayTouch(p, block_->distance);
+        findings_.isDelicate = findings_.isDelicate || view_.MayTouch(p);
     }
     const ClipPolygon polygon{pts_ + first_, codes_ + first_, count_ - first_};
     for (uint64_t rest = edges; rest != 0; rest &= rest - 1) {
@@ -107,7 +110,7 @@ void SetScan::SearchEdges(uint64_t edges) {
 
 void SetScan::Search(const ClipPolygon& polygon, size_t edge, const real_pt_t& end) {
     const EdgeFindings found = FindCrossings(polygon, edge, end, view_, crossings_);
-    findings_.isDelicate = findings_.isDelicate || found.isParallel;
+    findings_.isDelicate = findings_.isDelicate || found.isDelicate;
     findings_.isIncomplete = findings_.isIncomplete || found.isIncomplete;
 }
 
@@ -117,13 +120,11 @@ void SetScan::CloseOutline(const ClipPolygon& polygon) {
     if (findings_.places != 0) return;
     const real_pt_t ends[2] = {polygon.pts[polygon.count - 1], polygon.pts[0]};
     if (ends[0].x == ends[1].x && ends[0].y == ends[1].y) return;
-    const double distance = view_.DistanceWithin(kernels_.boundsOf(ends, 2));
-    const ViewTest test = view_.TestWithin(distance);
+    const ViewTest test = view_.TestWithin(view_.DistanceWithin(kernels_.boundsOf(ends, 2)));
     ViewBits places;
     kernels_.classify(ends, 2, test, places);
     if (SharedWithNext(places) & 1) return;
-    findings_.isDelicate =
-        findings_.isDelicate || view_.MayTouch(ends[0], distance) || view_.MayTouch(ends[1], distance);
+    findings_.isDelicate = findings_.isDelicate || view_.MayTouch(ends[0]) || view_.MayTouch(ends[1]);
     Search(polygon, polygon.count - 1, ends[1]);
 }
 

@@ -29,11 +29,14 @@ enum class NestingProof { Found, Missing, Unknown };
 /// is a matter of bits.
 class SetScan {
 public:
-    SetScan(const DrwPSetT& set, const ClipView& view, ScratchArray<Crossing>& crossings);
+    /// Whether a polygon beyond a band is passed over.
+    enum class Beyond { IsOutside, IsToBeVisited };
 
-    /// Calls `visit(polygon, findings)` for each polygon of two points or more that is not, beyond doubt, outside; its
-    /// crossings stand in the array given at construction until the call returns. Stray end codes before a polygon are
-    /// passed over, and a tail without an end code is ignored.
+    SetScan(const DrwPSetT& set, const ClipView& view, Beyond beyond, ScratchArray<Crossing>& crossings);
+
+    /// Calls `visit(polygon, findings)` for each polygon of two points or more that is not passed over; its crossings
+    /// stand in the array given at construction until the call returns. Stray end codes before a polygon are passed
+    /// over, and a tail without an end code is ignored.
     template <class Visit>
     void Run(Visit visit) {
         // Blocks share a point, so that every edge has both its ends in one of them.
@@ -105,7 +108,7 @@ private:
         isOpen_ = false;
         const ClipPolygon polygon{pts_ + first_, codes_ + first_, last - first_ + 1};
         if (findings_.places == 0 || first_ < start_) CloseOutline(polygon);
-        if ((findings_.places & kBeyond) == 0) visit(polygon, findings_);
+        if ((findings_.places & passedOver_) == 0) visit(polygon, findings_);
     }
 
     template <class Visit>
@@ -128,6 +131,7 @@ private:
     const uint32_t* const codes_;
     const size_t count_;
     const ClipView& view_;
+    const Places passedOver_;
     ScratchArray<Crossing>& crossings_;
     const ClipKernels& kernels_;
     const ViewTest usualTest_;

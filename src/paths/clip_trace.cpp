@@ -7,7 +7,7 @@
 
 namespace Vellum::internal {
 
-bool CrossingRings::Link() {
+bool CrossingRings::Link(Rings rings) {
     const size_t count = Count();
     if (!memory_.clipOrder.Resize(count) || !memory_.clipRank.Resize(count) || !memory_.isTraced.Resize(count)) {
         return false;
@@ -25,8 +25,11 @@ bool CrossingRings::Link() {
         memory_.clipRank[memory_.clipOrder[rank]] = rank;
         memory_.isTraced[rank] = false;
     }
-    startsInRectangle_ = WindingOfRectangle(polygon_.pts[0]) != 0;
-    startsInPolygon_ = WindingOfPolygon(CornerOf(view_, 0)) != 0;
+    const real_pt_t corner = CornerOf(view_, 0);
+    const bool isSpliced = rings == Rings::Spliced;
+    startsInRectangle_ =
+        (isSpliced ? WindingOfRectangle(polygon_.pts[0]) : WindingOfCorners(view_, polygon_.pts[0])) != 0;
+    startsInPolygon_ = (isSpliced ? WindingOfPolygon(corner) : WindingOfOutline(polygon_, corner)) != 0;
     return true;
 }
 

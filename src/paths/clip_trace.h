@@ -25,11 +25,18 @@ public:
                   TraceMemory& memory)
         : polygon_(polygon), view_(view), crossings_(crossings), memory_(memory) {}
 
+    /// Which rings the windings are found in that tell entries from exits.
+    enum class Rings {
+        Spliced,  ///< with the crossings for vertices, which rounding puts a little off the outlines
+        Original
+    };
+
     /// Orders the crossings along the rectangle and finds out which are entries. False where memory runs out.
-    bool Link();
+    bool Link(Rings rings);
 
     /// Whether the crossings alternate the way that the directions of their edges tell: each leads out of the
-    /// rectangle, or into it, as its mark says. Where they do, every trace ends and the pieces are the intersection.
+    /// rectangle, or into it, as its mark says, and the polygon's marks all bear one relation to the rectangle's. Then
+    /// every trace ends.
     bool IsConsistent() const;
 
     /// Traces every piece and writes it.

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 namespace Vellum::internal {
@@ -23,8 +24,13 @@ constexpr double kLeastMargin = 1e-300;
 // of two.
 constexpr double kLeastDeterminant = 0x1p-40;
 
-// Beyond this the terms could overflow.
-constexpr double kGreatestMeasure = 1e300;
+// Beyond this products of two distances could overflow.
+constexpr double kGreatestDistance = 1e150;
+
+// With a rectangle of at least this size, and corners at least this far from y = 0 (so that nothing can be nearer to
+// their height than a unit in the last place), the products in a winding test cannot vanish.
+constexpr double kLeastReach = 1e-80;
+constexpr double kLeastHeight = 1e-200;
 
 double LesserOrNan(double a, double b) { return std::isnan(a) || std::isnan(b) ? kNan : std::min(a, b); }
 double GreaterOrNan(double a, double b) { return std::isnan(a) || std::isnan(b) ? kNan : std::max(a, b); }
@@ -61,6 +67,7 @@ ClipView::ClipView(const DblRect& clip) {
     bands_[1] = MakeBand(sides_[1], sides_[3]);
     FindFarLimits();
     orientation_ = FindOrientation();
+    isSoundForWinding_ = FindSoundness();
 }
 
 EdgeLimits ClipView::FindLimits() const {
@@ -82,6 +89,14 @@ void ClipView::FindFarLimits() {
     if (!(determinant > kLeastDeterminant * a.length * b.length)) return;
     a.farForDistance = 0.25 * determinant / std::max(std::fabs(b.dx), std::fabs(b.dy));
     b.farForDistance = 0.25 * determinant / std::max(std::fabs(a.dx), std::fabs(a.dy));
+}
+
+/// Along sides that are parallel to the axes the windings are exactly what they ought to be, whatever the products.
+bool ClipView::FindSoundness() const {
+    const auto isAligned = [](const ClipSide& side) { return side.dx == 0.0 || side.dy == 0.0; };
+    if (std::all_of(std::begin(sides_), std::end(sides_), isAligned)) return true;
+    const auto isHigh = [](const ClipSide& side) { return std::fabs(side.y) > kLeastHeight; };
+    return reach_ > kLeastReach && std::all_of(std::begin(sides_), std::end(sides_), isHigh);
 }
 
 ClipView::Band ClipView::MakeBand(const ClipSide& side, const ClipSide& opposite) const {
@@ -129,7 +144,8 @@ ViewTest ClipView::TestWithin(double distance) const {
     return {centreX_, centreY_, TestOf(bands_[0], distance), TestOf(bands_[1], distance)};
 }
 
-bool ClipView::MayTouch(const real_pt_t& p, double distance) const {
+bool ClipView::MayTouch(const real_pt_t& p) const {
+    const double distance = std::max(std::fabs(p.x - centreX_), std::fabs(p.y - centreY_)) + reach_;
     bool isOnLine = false;
     for (const Band& band : bands_) {
         const double size = std::fabs((p.y - centreY_) * band.dx - (p.x - centreX_) * band.dy);
@@ -142,7 +158,7 @@ bool ClipView::MayTouch(const real_pt_t& p, double distance) const {
 
 BandTest ClipView::TestOf(const Band& band, double distance) const {
     BandTest test{band.dx, band.dy, kNan, kNan, (distance - reach_) * band.farForDistance};
-    if (distance * band.length < kGreatestMeasure) {
+    if (distance < kGreatestDistance) {
         const double margin = distance * band.errorForDistance + kLeastMargin;
         test.inner = band.inner - margin;
         test.outer = band.outer + margin + distance * band.length * kApartShare;

@@ -40,13 +40,12 @@ inline constexpr Places kBeyond = kAboveAcross | kBelowAcross | kAboveAlong | kB
 ///   parameter is computed as F(S) / (F(S) - F(S')). With both ends on one side of the line by more than the rounding
 ///   of those terms, the computed parameter cannot fall into [0, 1]. Within both bands that holds for all four sides.
 /// - Beyond a band it holds for that band's two sides. With each of the other two sides, an edge beyond could be taken
-/// to
-///   meet it only where both are, but for rounding, on one line; then, since they are well apart along it, their boxes
-///   are apart too, and such pairs are never tried. "Well apart" is why the outer limits lie further off than rounding
-///   alone would ask for.
+///   to meet it only where both are, but for rounding, on one line; then, since they are well apart along it, their
+///   boxes are apart too, and such pairs are never tried. "Well apart" is why the outer limits lie further off than
+///   rounding alone would ask for.
 ///
-/// So no edge whose ends share a place, of those that `Places` names, has a crossing. For the same reasons a polygon
-/// that is wholly beyond a band counts as outside, whatever test its winding is put to.
+/// So no edge whose ends share a place, of those that `Places` names, has a crossing. For the same reasons the winding
+/// of a polygon that is wholly beyond a band comes out as none, as long as products neither overflow nor vanish.
 class ClipView {
 public:
     explicit ClipView(const DblRect& clip);
@@ -62,9 +61,12 @@ public:
     /// The test of points no further than @p distance from the centre.
     ViewTest TestWithin(double distance) const;
 
-    /// Whether @p p, no further than @p distance from the centre, is on one of the sides as far as rounding can tell.
-    /// NaN is.
-    bool MayTouch(const real_pt_t& p, double distance) const;
+    /// Whether @p p is on one of the sides as far as rounding can tell. NaN is.
+    bool MayTouch(const real_pt_t& p) const;
+
+    /// Whether a polygon beyond a band fails every test of containment. It does, unless products in the tests vanish:
+    /// then such a polygon may be taken for one round the rectangle.
+    bool IsSoundForWinding() const { return isSoundForWinding_; }
 
     /// The limits that some edge lies wholly left of, right of, below and above if it is wholly left of some side,
     /// right of some side, and so on. On x that is all it takes; on y such an edge must also be neither left nor right
@@ -95,6 +97,7 @@ private:
     EdgeLimits FindLimits() const;
     void FindFarLimits();
     double FindOrientation() const;
+    bool FindSoundness() const;
 
     ClipSide sides_[4];
     Band bands_[2];
@@ -103,6 +106,7 @@ private:
     double centreY_;
     double reach_;
     double orientation_;
+    bool isSoundForWinding_;
 };
 
 }  // namespace Vellum::internal

@@ -6,13 +6,10 @@
 namespace Vellum::internal {
 
 void ClipWriter::Flush() {
-    next_ = out_.numPts;
-    overflown_ = false;
-    if (run_.count > 0 && HasRoomFor(run_.count)) {
-        std::memcpy(out_.pts + next_, run_.pts, run_.count * sizeof(real_pt_t));
-        std::memcpy(out_.codes + next_, run_.codes, run_.count * sizeof(uint32_t));
-        out_.numPts = next_ + static_cast<int32_t>(run_.count);
-    }
+    if (run_.count == 0) return;
+    std::memcpy(out_.pts + out_.numPts, run_.pts, run_.count * sizeof(real_pt_t));
+    std::memcpy(out_.codes + out_.numPts, run_.codes, run_.count * sizeof(uint32_t));
+    out_.numPts += static_cast<int32_t>(run_.count);
     run_.count = 0;
 }
 

@@ -16,12 +16,10 @@ public:
 
     /// A whole polygon, codes and repeated points included.
     void WriteVerbatim(const ClipPolygon& polygon) {
-        if (polygon.pts == run_.pts + run_.count && run_.count < kRunPoints) {
-            run_.count += polygon.count;
-        } else {
-            Flush();
-            run_ = polygon;
-        }
+        if (polygon.pts != run_.pts + run_.count || run_.count >= kRunPoints) Flush();
+        if (polygon.count > Room() - run_.count) return;
+        if (run_.count == 0) run_ = ClipPolygon{polygon.pts, polygon.codes, 0};
+        run_.count += polygon.count;
     }
 
     /// Writes what waits to be copied. To be called at the end.
@@ -64,6 +62,8 @@ private:
     void PutVertex(const ClipPolygon& polygon, size_t i) {
         if (!polygon.IsRepeated(i)) Put(polygon.pts[i], OpenCode(polygon.codes[i]));
     }
+
+    size_t Room() const { return static_cast<size_t>(INT32_MAX - out_.numPts); }
 
     bool HasRoomFor(size_t count) {
         overflown_ = overflown_ || count > static_cast<size_t>(INT32_MAX - next_);

@@ -78,25 +78,27 @@ bool HasTwoVertices(const ClipPolygon& polygon) {
 /// The clipping of the polygons of one call.
 class SetClipper {
 public:
-    SetClipper(const DrwPSetT& in, DrwPSetT& out, const DblRect& clip)
-        : view_(clip), writer_(out), scan_(in, view_, crossings_) {}
+    SetClipper(DrwPSetT& out, const DblRect& clip) : view_(clip), writer_(out) {}
 
-    void Clip() {
-        scan_.Run([this](const ClipPolygon& polygon, const OutlineFindings& found) {
+    void Clip(const DrwPSetT& in) {
+        SetScan scan(in, view_, view_.IsSoundForWinding() ? SetScan::Beyond::IsOutside : SetScan::Beyond::IsToBeVisited,
+                     crossings_);
+        scan.Run([this, &scan](const ClipPolygon& polygon, const OutlineFindings& found) {
             if (found.isIncomplete) return;
             if (crossings_.IsEmpty()) {
-                if (HasTwoVertices(polygon)) WriteProvenNested(polygon, found.places);
+                if (HasTwoVertices(polygon)) WriteProvenNested(polygon, found.places, scan);
                 return;
             }
             CrossingRings rings(polygon, view_, crossings_, traceMemory_);
-            if (rings.Link()) rings.Trace(writer_);
+            if (rings.Link(CrossingRings::Rings::Spliced)) rings.Trace(writer_);
         });
         writer_.Flush();
     }
 
-    void ClipComplete() {
+    void ClipComplete(const DrwPSetT& in) {
         const bool isConvex = view_.Orientation() != 0.0;
-        scan_.Run([this, isConvex](const ClipPolygon& polygon, const OutlineFindings& found) {
+        SetScan scan(in, view_, SetScan::Beyond::IsOutside, crossings_);
+        scan.Run([this, isConvex](const ClipPolygon& polygon, const OutlineFindings& found) {
             if (found.isIncomplete) return;
             if ((found.places & kCore) != 0 && isConvex) {
                 if (HasTwoVertices(polygon)) writer_.WriteVerbatim(polygon);
@@ -114,15 +116,15 @@ public:
 private:
     void ClipCrossed(const ClipPolygon& polygon, bool isConvex) {
         CrossingRings rings(polygon, view_, crossings_, traceMemory_);
-        if (!rings.Link()) return;
+        if (!rings.Link(isConvex ? CrossingRings::Rings::Original : CrossingRings::Rings::Spliced)) return;
         if (isConvex && !rings.IsConsistent())
             ClipByHalfPlanes(polygon, view_, halfPlaneMemory_, writer_);
         else
             rings.Trace(writer_);
     }
 
-    void WriteProvenNested(const ClipPolygon& polygon, Places places) {
-        const NestingProof proof = scan_.ProofOfNesting(polygon);
+    void WriteProvenNested(const ClipPolygon& polygon, Places places, SetScan& scan) {
+        const NestingProof proof = scan.ProofOfNesting(polygon);
         if (proof == NestingProof::Missing) return;
         if (proof == NestingProof::Unknown && !IsSeparatedOnBothSides(polygon, view_)) return;
         const bool isCore = (places & kCore) != 0 && view_.Orientation() != 0.0;
@@ -132,8 +134,6 @@ private:
             WriteRectangle(view_, writer_);
     }
 
-    /// A corner may lie so near to the outline that rounding decides; the rectangle's centre does not, where no edge
-    /// meets a side.
     void WriteNested(const ClipPolygon& polygon) {
         if (WindingOfCorners(view_, polygon.pts[0]) != 0)
             writer_.WriteVerbatim(polygon);
@@ -144,7 +144,6 @@ private:
     const ClipView view_;
     ClipWriter writer_;
     ScratchArray<Crossing> crossings_;
-    SetScan scan_;
     TraceMemory traceMemory_;
     HalfPlaneMemory halfPlaneMemory_;
 };
@@ -165,10 +164,10 @@ size_t MostPointsFrom(const ClipPolygon& polygon) {
 
 }  // namespace
 
-void ClipPolygonSet(DrwPSetT* in, DrwPSetT* out, DblRect* clip) { SetClipper(*in, *out, *clip).Clip(); }
+void ClipPolygonSet(DrwPSetT* in, DrwPSetT* out, DblRect* clip) { SetClipper(*out, *clip).Clip(*in); }
 
 void ClipPolygonSetComplete(const DrwPSetT* in, DrwPSetT* out, const DblRect* clip) {
-    SetClipper(*in, *out, *clip).ClipComplete();
+    SetClipper(*out, *clip).ClipComplete(*in);
 }
 
 size_t ClipPolygonSetMaxPts(const DrwPSetT* in) {
