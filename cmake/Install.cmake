@@ -13,10 +13,10 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/VellumConfigVersion.cmake DESTINATION 
 install(EXPORT Vellum NAMESPACE Vellum:: FILE VellumConfig.cmake DESTINATION ${package_dir})
 
 set(pkgconfig_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
-file(RELATIVE_PATH pkgconfig_to_prefix /${pkgconfig_dir} /)
+string(REGEX REPLACE "[^/]+" ".." pkgconfig_to_prefix ${pkgconfig_dir})
 set(pkgconfig_definitions "")
 if(NOT BUILD_SHARED_LIBS)
-    set(pkgconfig_definitions -DVELLUM_STATIC)
+    set(pkgconfig_definitions " -DVELLUM_STATIC")
 endif()
 configure_file(cmake/vellum.pc.in vellum.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/vellum.pc DESTINATION ${pkgconfig_dir})
