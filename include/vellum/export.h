@@ -18,7 +18,9 @@
 #endif
 
 /// Marks an inline member. Callers' compilers see through it; the library itself also keeps one copy of each, so that a
-/// host which binds to exported names finds these too, whatever the library's own compiler chose to inline.
+/// host which binds to exported names finds these too, whatever the library's own compiler chose to inline. Special
+/// members that are trivial stay "= default": a compiler copies their bytes and calls nothing, so there is no name to
+/// bind to.
 #if defined(VELLUM_EMIT_INLINE_MEMBERS)
 #define VELLUM_INLINE [[gnu::used]] inline
 #else

@@ -33,7 +33,8 @@ VELLUM_API void PtLineIntercept(const DblPt& p, const DblPt& a, const DblPt& b, 
 /// @}
 
 /// @name Points on a line
-/// Both return false, with @p out untouched, only where a and b coincide within 2^-23 on both axes.
+/// Both return false, with @p out untouched, only where a and b coincide within 2^-23 on both axes. A line within 2^-23
+/// of an axis is followed as if it ran along it.
 /// @{
 
 /// The point at distance @p d from a towards b.
@@ -58,7 +59,7 @@ VELLUM_API bool FindSegIntersect(const DblPt& p1, const DblPt& p2, const DblPt& 
 VELLUM_API bool PointInBounds(const DblPt& p, const DblPt& a, const DblPt& b, double tol);
 /// The intersection of the infinite line a-b with a circle; of two the one nearer to @p ref (on a tie the one further
 /// back along a-b). A discriminant within 2^-23 of zero makes the line a tangent; a == b is one too, at NaN. False
-/// where the line misses the circle; @p out is untouched then.
+/// where the line misses the circle, and where the discriminant is exactly 2^-23; @p out is untouched then.
 VELLUM_API bool FindLineCircleIntersect(const DblPt& centre, double radius, const DblPt& a, const DblPt& b,
                                         const DblPt& ref, DblPt& out);
 /// @}
@@ -67,7 +68,8 @@ VELLUM_API bool FindLineCircleIntersect(const DblPt& centre, double radius, cons
 /// @{
 
 /// The direction from @p from to @p to in [0, 2 pi), with the vector in @p dx and @p dy. Within 0.0001 of 0, pi/2, pi
-/// and 3 pi/2 it snaps, and the component that ought to vanish becomes 0.0; just below 2 pi it does not snap.
+/// and 3 pi/2 it snaps, and the component that ought to vanish becomes 0.0; just below 2 pi it does not snap. A
+/// negative angle too small to tell in the sum with 2 pi gives 2 pi itself.
 VELLUM_API double GetAngleFromVector(DblPt& from, DblPt& to, double& dx, double& dy);
 /// The angle from the first vector to the second in [-pi, pi], counter-clockwise positive.
 VELLUM_API double VectorAngle2D(double x1, double y1, double x2, double y2);

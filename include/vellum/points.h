@@ -107,8 +107,8 @@ public:
         const double deltaY = y - p.y;
         return internal::Rounded(deltaX * deltaX) + internal::Rounded(deltaY * deltaY);
     }
-    VELLUM_INLINE double XDist(const DblPt& p) const { return x > p.x ? x - p.x : p.x - x; }
-    VELLUM_INLINE double YDist(const DblPt& p) const { return y > p.y ? y - p.y : p.y - y; }
+    VELLUM_INLINE double XDist(const DblPt& p) const { return std::fabs(x - p.x); }
+    VELLUM_INLINE double YDist(const DblPt& p) const { return std::fabs(y - p.y); }
     /// The octagonal estimate 0.96 max(|dx|, |dy|) + 0.398 min(|dx|, |dy|).
     VELLUM_INLINE double ApproxDist(const DblPt& p) const { return ApproxDist(p.x, p.y); }
     VELLUM_INLINE double ApproxDist(double px, double py) const {

@@ -4,7 +4,8 @@
 
 /// @file
 /// The two abstract classes at the root of the shape tree. The order of their virtual operations is part of the binary
-/// interface.
+/// interface: the slots are those that the Itanium C++ ABI gives them (two for the destructor, then one for each
+/// operation as declared), on Windows too, where MinGW shares that ABI. A host needs a compiler that follows it.
 
 #include "vellum/export.h"
 #include "vellum/points.h"

@@ -27,6 +27,8 @@ public:
         StInvalidArg = 0x80070057
     };
 
+    StCode code;
+
     VELLUM_INLINE Status() : code(StSuccess) {}
     VELLUM_INLINE Status(StCode c) : code(c) {}
     Status(const Status&) = default;
@@ -56,9 +58,6 @@ public:
     /// "Status code returned is not defined"; any other code without a text of its own gives a null pointer. Hosts tell
     /// the two apart, so whoever prints the text must test it for null.
     char* Text() const;
-
-private:
-    StCode code;
 };
 
 }  // namespace Vellum

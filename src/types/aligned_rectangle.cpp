@@ -15,15 +15,15 @@ namespace {
 constexpr int kHandlesPerRow = 3;
 constexpr int kNoPosition = -1;
 
-// 0, 1 or 2 for the place of v at low, middle or high; the ends are looked at before the middle.
-int PositionOf(double v, double low, double middle, double high) {
-    if (v == low) return 0;
-    if (v == high) return 2;
+// 0, 1 or 2 for the place of v at first, middle or last; the ends are looked at before the middle.
+int PositionOf(double v, double first, double middle, double last) {
+    if (v == first) return 0;
+    if (v == last) return 2;
     return v == middle ? 1 : kNoPosition;
 }
 
-double PositionAt(int position, double low, double middle, double high) {
-    return position == 0 ? low : position == 1 ? middle : high;
+double PositionAt(int position, double first, double middle, double last) {
+    return position == 0 ? first : position == 1 ? middle : last;
 }
 
 // A corner of the box by its two sides.
@@ -118,6 +118,7 @@ bool AlignedDblRect::IsIntersectedByLine(const DblPt& a, const DblPt& b) const {
     if (a.y > ur.y && b.y > ur.y) return false;
     if (a.y < ll.y && b.y < ll.y) return false;
     if (a.x < ll.x && b.x < ll.x) return false;
+    // One end only, unlike the other three sides: what hosts pick rests on it.
     if (a.x > ur.x) return false;
 
     const double dx = b.x - a.x;

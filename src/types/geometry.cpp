@@ -15,6 +15,7 @@ constexpr double kTwoPi = 2.0 * kPi;
 constexpr double kDirectionZero = FLT_EPSILON;
 constexpr double kDiscriminantZero = FLT_EPSILON;
 constexpr double kProjectionZero = DBL_EPSILON;
+constexpr double kSegmentLineTolerance = DBL_EPSILON;
 constexpr double kSnapBand = 0.0001;
 
 // A line with its ends in ascending order of x, then y.
@@ -50,17 +51,17 @@ DblPt ClosestOnSegment(const DblPt& p, const OrderedLine& line) {
     return DblPt(x, line.YAt(x));
 }
 
-// Goes d in the direction from a to b: from axisStart where that runs along an axis, otherwise from start.
-bool StepAlong(const DblPt& a, const DblPt& b, double d, const DblPt& axisStart, const DblPt& start, DblPt& out) {
+// Goes d in the direction from a to b: from a where that runs along an axis, otherwise from start.
+bool StepAlong(const DblPt& a, const DblPt& b, double d, const DblPt& start, DblPt& out) {
     const double dx = b.x - a.x;
     const double dy = b.y - a.y;
     const bool noX = std::fabs(dx) < kDirectionZero;
     const bool noY = std::fabs(dy) < kDirectionZero;
     if (noX && noY) return false;
     if (noX) {
-        out.Set(axisStart.x, dy > 0.0 ? axisStart.y + d : axisStart.y - d);
+        out.Set(a.x, dy > 0.0 ? a.y + d : a.y - d);
     } else if (noY) {
-        out.Set(dx > 0.0 ? axisStart.x + d : axisStart.x - d, axisStart.y);
+        out.Set(dx > 0.0 ? a.x + d : a.x - d, a.y);
     } else {
         const double length = a.Dist(b);
         out.Set(start.x + d * dx / length, start.y + d * dy / length);
@@ -105,9 +106,9 @@ void PtLineIntercept(const DblPt& p, const DblPt& a, const DblPt& b, DblPt& out)
     }
 }
 
-bool PtAlongLine(const DblPt& a, const DblPt& b, double d, DblPt& out) { return StepAlong(a, b, d, a, a, out); }
+bool PtAlongLine(const DblPt& a, const DblPt& b, double d, DblPt& out) { return StepAlong(a, b, d, a, out); }
 
-bool ExtendLine(const DblPt& a, const DblPt& b, double d, DblPt& out) { return StepAlong(a, b, d, a, b, out); }
+bool ExtendLine(const DblPt& a, const DblPt& b, double d, DblPt& out) { return StepAlong(a, b, d, b, out); }
 
 bool FindLineIntersect(const DblPt& p1, const DblPt& p2, const DblPt& q1, const DblPt& q2, double tol, DblPt& out) {
     const bool isQVertical = std::fabs(q1.x - q2.x) <= tol;
@@ -130,7 +131,7 @@ bool FindLineIntersect(const DblPt& p1, const DblPt& p2, const DblPt& q1, const 
 
 bool FindSegIntersect(const DblPt& p1, const DblPt& p2, const DblPt& q1, const DblPt& q2, double tol, DblPt& out) {
     DblPt candidate;
-    if (!FindLineIntersect(p1, p2, q1, q2, DBL_EPSILON, candidate)) return false;
+    if (!FindLineIntersect(p1, p2, q1, q2, kSegmentLineTolerance, candidate)) return false;
     const bool onBoth = PointInBounds(candidate, p1, p2, tol) && PointInBounds(candidate, q1, q2, tol);
     out = candidate;
     return onBoth;
@@ -172,13 +173,16 @@ double GetAngleFromVector(DblPt& from, DblPt& to, double& dx, double& dy) {
     double angle = std::atan2(d.y, d.x);
     if (angle < 0.0) angle += kTwoPi;
 
+    // The bands do not overlap, so no angle snaps twice.
     const auto snapTo = [&](double target, double& vanishing) {
-        if (!(std::fabs(angle - target) < kSnapBand)) return false;
+        if (!(std::fabs(angle - target) < kSnapBand)) return;
         angle = target;
         vanishing = 0.0;
-        return true;
     };
-    snapTo(0.0, d.y) || snapTo(0.5 * kPi, d.x) || snapTo(kPi, d.y) || snapTo(1.5 * kPi, d.x);
+    snapTo(0.0, d.y);
+    snapTo(0.5 * kPi, d.x);
+    snapTo(kPi, d.y);
+    snapTo(1.5 * kPi, d.x);
     dx = d.x;
     dy = d.y;
     return angle;

@@ -13,7 +13,9 @@ constexpr Status::StCode kCodes[] = {Status::StSuccess,        Status::StNoOp,  
                                      Status::StNotImplemented, Status::StAborted,     Status::StFailed,
                                      Status::StCatastrophic,   Status::StOutOfMemory, Status::StInvalidArg};
 
-const char* codeTexts[] = {
+// Writable, as hosts know it; without the attribute a compiler sees that nothing here writes to it and makes it
+// read-only.
+[[gnu::used]] const char* codeTexts[] = {
     "Operation Successful.",
     "NOOP.  No state changed.",
     "Not able to complete operation.",

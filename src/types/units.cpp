@@ -47,6 +47,7 @@ const Unit* FindUnit(int unit) {
     return index < std::size(kUnits) ? &kUnits[index] : nullptr;
 }
 
+constexpr double kSizeMatch = FLT_EPSILON;
 constexpr double kMeasurementSizes[] = {0.000625, 0.00125, 0.0025, 0.005, 0.0075, 0.01, 0.02};
 
 }  // namespace
@@ -68,7 +69,7 @@ const char* UnitsAbbr(int unit) {
 
 MeasurementSizeEnum::MeasurementSize MeasurementSizeFromFactor(double f) {
     for (size_t i = 0; i < std::size(kMeasurementSizes); ++i) {
-        if (std::fabs(f - kMeasurementSizes[i]) < FLT_EPSILON) {
+        if (std::fabs(f - kMeasurementSizes[i]) < kSizeMatch) {
             return static_cast<MeasurementSizeEnum::MeasurementSize>(i);
         }
     }

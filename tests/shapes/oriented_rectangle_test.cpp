@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <limits>
 #include <memory>
 #include <string>
@@ -138,7 +139,10 @@ TEST(DblRect, GetPtFallsBackToTheFirstCorner) {
     EXPECT_EQ(&r.GetPt(3), &r.p3);
     EXPECT_EQ(&r.GetPt(4), &r.p0);
     EXPECT_EQ(&r.GetPt(7), &r.p0);
+    EXPECT_EQ(&kDiamond.GetPt(0), &kDiamond.p0);
+    EXPECT_EQ(&kDiamond.GetPt(1), &kDiamond.p1);
     EXPECT_EQ(&kDiamond.GetPt(2), &kDiamond.p2);
+    EXPECT_EQ(&kDiamond.GetPt(3), &kDiamond.p3);
     EXPECT_EQ(&kDiamond.GetPt(std::numeric_limits<unsigned>::max()), &kDiamond.p0);
 }
 
@@ -171,6 +175,14 @@ TEST(DblRect, TheCentroidIsTheMeanOfTheCorners) {
     r.p3.Set(8.0, 80.0);
     r.GetCentroid(p);
     EXPECT_TRUE(IsAt(p, 3.75, 37.5));
+
+    // Summed from the first corner on, the first 1 is lost in 1e16 and the second is not.
+    r.p0.Set(1e16, -1e16);
+    r.p1.Set(1.0, 1.0);
+    r.p2.Set(-1e16, 1e16);
+    r.p3.Set(1.0, 1.0);
+    r.GetCentroid(p);
+    EXPECT_TRUE(IsAt(p, 0.25, 0.25));
 }
 
 TEST(DblRect, ToRealRectTKeepsTheOrder) {
@@ -258,13 +270,13 @@ public:
     using DblRect::Contains;
     bool Contains(const DblPt& p, double tol) const override {
         asked.push_back(p.x);
-        tolerance = tol;
+        tolerances.push_back(tol);
         return p.x < limit;
     }
 
     double limit = 0.0;
     mutable std::vector<double> asked;
-    mutable double tolerance = 0.0;
+    mutable std::vector<double> tolerances;
 };
 
 TEST(DblRect, ContainsARectangleAsksForItsCornersInOrderUntilOneIsOutside) {
@@ -278,7 +290,7 @@ TEST(DblRect, ContainsARectangleAsksForItsCornersInOrderUntilOneIsOutside) {
     asked.limit = 9.0;
     EXPECT_TRUE(rect.Contains(r, 0.25));
     EXPECT_EQ(asked.asked, (std::vector<double>{1.0, 2.0, 3.0, 4.0}));
-    EXPECT_EQ(asked.tolerance, 0.25);
+    EXPECT_EQ(asked.tolerances, (std::vector<double>(4, 0.25)));
     asked.asked.clear();
     asked.limit = 3.0;
     EXPECT_FALSE(rect.Contains(r, 0.25));

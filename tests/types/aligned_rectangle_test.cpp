@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstddef>
 #include <limits>
 #include <memory>
 #include <string>
@@ -184,6 +185,12 @@ TEST(AlignedDblRect, LessComparesSizesNotPositions) {
     EXPECT_FALSE(AlignedDblRect(0.0, 0.0, 2.0, 2.0) < AlignedDblRect(100.0, 100.0, 101.0, 101.0));
     EXPECT_FALSE(AlignedDblRect(0.0, 0.0, 1.0, 2.0) < AlignedDblRect(0.0, 0.0, 2.0, 2.0));
     EXPECT_FALSE(AlignedDblRect(0.0, 0.0, 2.0, 1.0) < AlignedDblRect(0.0, 0.0, 2.0, 2.0));
+    const AlignedDblRect flat(10.0, 20.0, 12.0, 21.0);
+    EXPECT_TRUE(flat < AlignedDblRect(50.0, -7.0, 52.5, -5.5));
+    EXPECT_FALSE(flat < AlignedDblRect(50.0, -7.0, 51.0, -5.0));  // taller only
+    EXPECT_FALSE(flat < AlignedDblRect(50.0, -7.0, 53.0, -6.5));  // wider only
+    EXPECT_FALSE(flat < AlignedDblRect(50.0, -7.0, 52.0, -5.0));  // equally wide
+    EXPECT_FALSE(flat < AlignedDblRect(50.0, -7.0, 53.0, -6.0));  // equally tall
     // Sizes are signed: a crossed box is smaller than a point.
     EXPECT_TRUE(Crossed() < AlignedDblRect());
 }
@@ -205,6 +212,26 @@ TEST(AlignedDblRect, Union) {
     EXPECT_TRUE(Holds(r, 1.0, 0.0, 6.0, 5.0));
 }
 
+TEST(AlignedDblRect, TheUnionTakesEachSideFromWhereItIsFurtherOut) {
+    const AlignedDblRect base(10.0, 20.0, 13.0, 27.0);
+    const struct {
+        AlignedDblRect added;
+        double left;
+        double bottom;
+        double right;
+        double top;
+    } expected[] = {
+        {{8.5, 22.0, 12.0, 24.0}, 8.5, 20.0, 13.0, 27.0},     {{11.0, 15.5, 12.0, 24.0}, 10.0, 15.5, 13.0, 27.0},
+        {{11.0, 22.0, 19.25, 24.0}, 10.0, 20.0, 19.25, 27.0}, {{11.0, 22.0, 12.0, 31.5}, 10.0, 20.0, 13.0, 31.5},
+        {{-4.0, -3.0, -2.0, -1.0}, -4.0, -3.0, 13.0, 27.0},   {{41.0, 52.0, 43.0, 54.5}, 10.0, 20.0, 43.0, 54.5},
+    };
+    for (const auto& e : expected) {
+        AlignedDblRect r = base;
+        r += e.added;
+        EXPECT_TRUE(Holds(r, e.left, e.bottom, e.right, e.top));
+    }
+}
+
 TEST(AlignedDblRect, UnionWithABoxOfZerosReachesToTheOrigin) {
     AlignedDblRect r;
     r += kBox;
@@ -219,6 +246,29 @@ TEST(AlignedDblRect, EnclosesPoints) {
     EXPECT_TRUE(Holds(r, 0.0, -1.0, 8.0, 9.0));
     r.Enclose(1.0, 1.0);
     EXPECT_TRUE(Holds(r, 0.0, -1.0, 8.0, 9.0));
+}
+
+TEST(AlignedDblRect, EnclosingMovesOnlyTheSidesThatThePointIsBeyond) {
+    const AlignedDblRect base(10.0, 20.0, 13.0, 27.0);
+    const struct {
+        DblPt p;
+        double left;
+        double bottom;
+        double right;
+        double top;
+    } expected[] = {
+        {{8.5, 22.0}, 8.5, 20.0, 13.0, 27.0},     {{11.0, 15.5}, 10.0, 15.5, 13.0, 27.0},
+        {{19.25, 22.0}, 10.0, 20.0, 19.25, 27.0}, {{11.0, 31.5}, 10.0, 20.0, 13.0, 31.5},
+        {{-4.0, 29.5}, -4.0, 20.0, 13.0, 29.5},   {{14.5, -3.0}, 10.0, -3.0, 14.5, 27.0},
+    };
+    for (const auto& e : expected) {
+        AlignedDblRect r = base;
+        r += e.p;
+        EXPECT_TRUE(Holds(r, e.left, e.bottom, e.right, e.top));
+        r = base;
+        r.Enclose(e.p.x, e.p.y);
+        EXPECT_TRUE(Holds(r, e.left, e.bottom, e.right, e.top));
+    }
 }
 
 TEST(AlignedDblRect, EncloseInACrossedBoxMovesOneSideOnEachAxis) {
@@ -276,6 +326,21 @@ TEST(AlignedDblRect, ANegativeToleranceShrinksTheBox) {
     EXPECT_TRUE(kBox.Contains(4.5, 2.0, -0.5));
     EXPECT_FALSE(kBox.Contains(2.0, 2.0, -0.5));
     EXPECT_TRUE(kBox.Contains(2.5, 2.0, -0.5));
+}
+
+TEST(AlignedDblRect, TheToleranceGoesToThePoint) {
+    // Each is the other way round where the tolerance is added to the sides: the sums round differently.
+    EXPECT_FALSE(AlignedDblRect(0.8, 0.0, 9.0, 1.0).Contains(-2.2, 0.0, 3.0));
+    EXPECT_FALSE(AlignedDblRect(0.0, 0.8, 1.0, 9.0).Contains(0.0, -2.2, 3.0));
+    EXPECT_TRUE(AlignedDblRect(-9.0, 0.0, -2.5, 1.0).Contains(0.8, 0.0, 3.3));
+    EXPECT_TRUE(AlignedDblRect(0.0, -9.0, 1.0, -2.5).Contains(0.0, 0.8, 3.3));
+}
+
+TEST(AlignedDblRect, TheToleranceOfDisjointBoxesGoesToTheOther) {
+    EXPECT_TRUE(AlignedDblRect(0.0, -5.8, 1.0, 9.0).IsDisjointFrom(AlignedDblRect(0.0, -99.0, 1.0, -8.9), 3.1));
+    EXPECT_TRUE(AlignedDblRect(-5.8, 0.0, 9.0, 1.0).IsDisjointFrom(AlignedDblRect(-99.0, 0.0, -8.9, 1.0), 3.1));
+    EXPECT_FALSE(AlignedDblRect(0.0, -99.0, 1.0, -9.8).IsDisjointFrom(AlignedDblRect(0.0, -6.0, 1.0, 9.0), 3.8));
+    EXPECT_FALSE(AlignedDblRect(-99.0, 0.0, -9.8, 1.0).IsDisjointFrom(AlignedDblRect(-6.0, 0.0, 9.0, 1.0), 3.8));
 }
 
 TEST(AlignedDblRect, ContainsNoNaN) {
@@ -357,6 +422,40 @@ TEST(AlignedDblRect, SegmentsWhollyOnOneSideDoNotCrossThoughTheirLinesDo) {
     EXPECT_TRUE(Crosses(3.0, -1.0, 3.2, 1.0));   // up to the bottom edge
     EXPECT_FALSE(Crosses(0.0, 2.0, 1.0, 2.1));   // left
     EXPECT_TRUE(Crosses(0.0, 2.0, 2.0, 2.1));    // up to the left edge
+}
+
+TEST(AlignedDblRect, SlantedSegmentsThatCutOneCorner) {
+    const AlignedDblRect wide(2.0, 1.0, 8.0, 4.0);
+    const struct {
+        DblPt from;
+        DblPt to;
+        bool forth;
+        bool back;
+    } expected[] = {
+        {{1.0, 2.5}, {5.0, 5.0}, true, false},   // upper-left
+        {{4.0, 0.0}, {1.0, 3.0}, true, false},   // lower-left
+        {{8.0, 3.0}, {6.0, 5.0}, true, false},   // upper-right
+        {{5.0, 0.0}, {9.0, 3.0}, true, false},   // lower-right
+        {{1.0, 3.0}, {4.0, 6.0}, false, false},  // through the upper-left corner itself
+        {{3.0, 0.0}, {1.0, 2.0}, false, false},  // the lower-left
+        {{8.0, 4.0}, {6.0, 5.0}, true, false},   // the upper-right
+        {{7.5, 0.0}, {8.5, 2.0}, true, false},   // the lower-right
+    };
+    for (const auto& e : expected) {
+        EXPECT_EQ(wide.IsIntersectedByLine(e.from, e.to), e.forth) << e.from.x << ", " << e.from.y;
+        EXPECT_EQ(wide.IsIntersectedByLine(e.to, e.from), e.back) << e.from.x << ", " << e.from.y;
+    }
+}
+
+TEST(AlignedDblRect, OneEndBeyondASideOrOnItDoesNotSettleTheMatter) {
+    const AlignedDblRect wide(2.0, 1.0, 8.0, 4.0);
+    EXPECT_TRUE(wide.IsIntersectedByLine(DblPt(0.0, 4.25), DblPt(10.0, 2.0)));  // from above the top
+    EXPECT_TRUE(wide.IsIntersectedByLine(DblPt(8.0, 3.0), DblPt(6.0, 5.0)));    // to above the top
+    EXPECT_TRUE(wide.IsIntersectedByLine(DblPt(8.0, 4.0), DblPt(0.0, 4.0)));    // along the top
+    EXPECT_TRUE(wide.IsIntersectedByLine(DblPt(4.0, 0.0), DblPt(1.0, 3.0)));    // from below the bottom
+    EXPECT_TRUE(wide.IsIntersectedByLine(DblPt(0.0, 1.0), DblPt(9.0, 1.0)));    // along the bottom
+    EXPECT_TRUE(wide.IsIntersectedByLine(DblPt(1.0, 2.5), DblPt(5.0, 5.0)));    // from left of the left side
+    EXPECT_TRUE(Crosses(3.0, 3.5, 40.0, 0.0));  // to below the bottom, far beyond the right side
 }
 
 TEST(AlignedDblRect, HasVertexKnowsTheStoredCornersOnly) {
@@ -493,6 +592,39 @@ TEST(AlignedDblRect, TiesGoToTheEarlierSide) {
     EXPECT_TRUE(IsAt(out, 4.0, 2.0));  // top before bottom
 }
 
+TEST(AlignedDblRect, TheClosestSideIsFoundByTheExactDistance) {
+    // Two distances that differ in the last bit, which the octagonal estimate loses.
+    const double nearer = 1.625;
+    const double further = std::nextafter(nearer, 2.0);
+    ASSERT_EQ(0.96 * nearer, 0.96 * further);
+    DblPt out;
+    AlignedDblRect(0.0, -10.0, 20.0, 0.0).ClosestPt(DblPt(further, -nearer), out);
+    EXPECT_TRUE(IsAt(out, further, 0.0));  // top, though left comes first
+    AlignedDblRect(0.0, -10.0, 20.0, 0.0).ClosestPt(DblPt(nearer, -further), out);
+    EXPECT_TRUE(IsAt(out, 0.0, -further));  // left
+    AlignedDblRect(-20.0, -10.0, 0.0, 0.0).ClosestPt(DblPt(-nearer, -further), out);
+    EXPECT_TRUE(IsAt(out, 0.0, -further));  // right, though top comes first
+    AlignedDblRect(-20.0, 0.0, 0.0, 10.0).ClosestPt(DblPt(-further, nearer), out);
+    EXPECT_TRUE(IsAt(out, -further, 0.0));  // bottom, though right comes first
+}
+
+TEST(AlignedDblRect, ClosestPointOfABoxAwayFromTheOrigin) {
+    const AlignedDblRect box(30.0, -7.0, 40.0, 5.0);
+    const struct {
+        DblPt p;
+        DblPt closest;
+    } expected[] = {
+        {{31.0, 0.5}, {30.0, 0.5}},   {{34.0, 4.5}, {34.0, 5.0}},    {{39.5, -1.0}, {40.0, -1.0}},
+        {{36.0, -6.0}, {36.0, -7.0}}, {{27.0, -11.0}, {30.0, -7.0}}, {{28.0, 9.0}, {30.0, 5.0}},
+        {{43.0, 9.0}, {40.0, 5.0}},   {{44.0, -10.0}, {40.0, -7.0}}, {{0.0, 0.0}, {30.0, 0.0}},
+    };
+    for (const auto& e : expected) {
+        DblPt out;
+        box.ClosestPt(e.p, out);
+        EXPECT_TRUE(IsAt(out, e.closest.x, e.closest.y));
+    }
+}
+
 TEST(AlignedDblRect, ClosestPointMayOverwriteACorner) {
     AlignedDblRect r(0.5, 0.0, 3.0, 2.0);
     r.ClosestPt(DblPt(1.0, 1.0), r.LL());
@@ -523,9 +655,11 @@ TEST(AlignedDblRect, TransformParams) {
     EXPECT_EQ(offsetX, -3.5);
     EXPECT_EQ(offsetY, -2.5);
 
-    Crossed().GetTransformParams(AlignedDblRect(0.0, 0.0, 6.0, 6.0), scaleX, scaleY, offsetX, offsetY);
-    EXPECT_EQ(scaleX, 2.0);
+    Crossed().GetTransformParams(AlignedDblRect(10.0, 20.0, 22.0, 26.0), scaleX, scaleY, offsetX, offsetY);
+    EXPECT_EQ(scaleX, 4.0);
     EXPECT_EQ(scaleY, 2.0);
+    EXPECT_EQ(offsetX, 12.5);
+    EXPECT_EQ(offsetY, 20.5);
 }
 
 TEST(AlignedDblRect, TransformParamsReadTheBoxesFirst) {

@@ -11,6 +11,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstddef>
+#include <cstdio>
 #include <string>
 
 #include "vellum/geometry.h"
@@ -20,58 +22,68 @@ namespace {
 constexpr int kDone = 0;
 constexpr int kNotPermitted = 2;
 
-// Runs a function in a child; its result is the child's exit status.
-template <class Function>
-pid_t RunInChild(Function function) {
-    const pid_t child = fork();
-    if (child == 0) _exit(function());
-    return child;
-}
-
-int ExitStatusOf(pid_t child) {
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-struct Printed {
+struct ChildRun {
     int exitStatus;
-    std::string text;
+    std::string output;
+    std::string errors;
 };
 
-// What a child that prints through DbgPrintf writes to standard error.
-Printed PrintInChild(bool traced) {
-    int ends[2];
-    if (pipe(ends) != 0) return {-1, {}};
-    const pid_t child = RunInChild([&] {
-        dup2(ends[1], STDERR_FILENO);
+std::string ReadToEnd(int file) {
+    std::string text;
+    char buffer[256];
+    for (ssize_t n = 0; (n = read(file, buffer, sizeof buffer)) > 0;) {
+        text.append(buffer, static_cast<size_t>(n));
+    }
+    close(file);
+    return text;
+}
+
+// Runs a function in a child; its result is the child's exit status.
+template <class Function>
+ChildRun RunInChild(Function function) {
+    int output[2];
+    int errors[2];
+    if (pipe(output) != 0 || pipe(errors) != 0) return {-1, {}, {}};
+    // What the parent has not written yet must not be written by the child.
+    std::fflush(nullptr);
+    const pid_t child = fork();
+    if (child == 0) {
+        dup2(output[1], STDOUT_FILENO);
+        dup2(errors[1], STDERR_FILENO);
+        const int exitStatus = function();
+        std::fflush(nullptr);
+        _exit(exitStatus);
+    }
+    close(output[1]);
+    close(errors[1]);
+    ChildRun run = {-1, ReadToEnd(output[0]), ReadToEnd(errors[0])};
+    int status = 0;
+    if (waitpid(child, &status, 0) == child && WIFEXITED(status)) run.exitStatus = WEXITSTATUS(status);
+    return run;
+}
+
+ChildRun PrintInChild(bool traced) {
+    return RunInChild([&] {
         if (traced && ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) return kNotPermitted;
         Vellum::DbgPrintf("first %d\n", 1);
         Vellum::DbgPrintf("%s", "second % done\n");
         return kDone;
     });
-    close(ends[1]);
-    Printed printed;
-    char buffer[256];
-    for (ssize_t n = 0; (n = read(ends[0], buffer, sizeof buffer)) > 0;) {
-        printed.text.append(buffer, static_cast<size_t>(n));
-    }
-    close(ends[0]);
-    printed.exitStatus = ExitStatusOf(child);
-    return printed;
 }
 
 TEST(DebugOutput, IsSilentWithoutATracer) {
-    const Printed printed = PrintInChild(false);
-    EXPECT_EQ(printed.exitStatus, kDone);
-    EXPECT_EQ(printed.text, "");
+    const ChildRun run = PrintInChild(false);
+    EXPECT_EQ(run.exitStatus, kDone);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.errors, "");
 }
 
 TEST(DebugOutput, GoesToStandardErrorUnderATracer) {
-    const Printed printed = PrintInChild(true);
-    if (printed.exitStatus == kNotPermitted) GTEST_SKIP() << "processes may not be traced here";
-    EXPECT_EQ(printed.exitStatus, kDone);
-    EXPECT_EQ(printed.text, "first 1\nsecond % done\n");
+    const ChildRun run = PrintInChild(true);
+    if (run.exitStatus == kNotPermitted) GTEST_SKIP() << "processes may not be traced here";
+    EXPECT_EQ(run.exitStatus, kDone);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.errors, "first 1\nsecond % done\n");
 }
 
 TEST(DbgBeep, RingsTheControllingTerminal) {
@@ -82,13 +94,15 @@ TEST(DbgBeep, RingsTheControllingTerminal) {
     const int held = open(name.c_str(), O_RDWR | O_NOCTTY);
     ASSERT_GE(held, 0);
 
-    const pid_t child = RunInChild([&] {
+    const ChildRun run = RunInChild([&] {
         setsid();
         if (open(name.c_str(), O_RDWR) < 0) return kNotPermitted;
         Vellum::DbgBeep();
         return kDone;
     });
-    EXPECT_EQ(ExitStatusOf(child), kDone);
+    EXPECT_EQ(run.exitStatus, kDone);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.errors, "");
     pollfd waiting = {terminal, POLLIN, 0};
     ASSERT_EQ(poll(&waiting, 1, 10000), 1);
     char text[16];
@@ -99,12 +113,14 @@ TEST(DbgBeep, RingsTheControllingTerminal) {
 }
 
 TEST(DbgBeep, IsHarmlessWithoutATerminal) {
-    const pid_t child = RunInChild([] {
+    const ChildRun run = RunInChild([] {
         setsid();
         Vellum::DbgBeep();
         return kDone;
     });
-    EXPECT_EQ(ExitStatusOf(child), kDone);
+    EXPECT_EQ(run.exitStatus, kDone);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.errors, "");
 }
 
 }  // namespace

@@ -6,14 +6,16 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
-#include <random>
 #include <set>
+#include <utility>
 
 #include "support/point_checks.h"
+#include "support/random_numbers.h"
 
 namespace {
 
 using support::IsAt;
+using support::RandomNumbers;
 using Vellum::DblPt;
 
 constexpr double kPi = std::numbers::pi;
@@ -22,6 +24,11 @@ constexpr double kFloatEpsilon = 1.1920928955078125e-7;
 constexpr double kDoubleEpsilon = 2.220446049250313e-16;
 
 const DblPt kUntouched(-77.0, 88.0);
+
+DblPt RandomPoint(RandomNumbers& random) {
+    const double x = random.Within(-1000.0, 1000.0);
+    return DblPt(x, random.Within(-1000.0, 1000.0));
+}
 
 struct Measured {
     double dist;
@@ -68,6 +75,49 @@ TEST(DistPtLine, VerticalSegment) {
     }
 }
 
+TEST(DistPtLine, AHorizontalSegmentTakesTheCoordinateAsItIs) {
+    // The formula for slanted segments would give -3.0999999999999996.
+    const DblPt a(-9.2, 0.0);
+    const DblPt b(-2.2, 0.0);
+    for (const auto& [from, to] : {std::pair(a, b), std::pair(b, a)}) {
+        const Measured m = Measure(DblPt(-3.1, 1.0), from, to);
+        EXPECT_EQ(m.dist, 1.0);
+        EXPECT_TRUE(IsAt(m.closest, -3.1, 0.0));
+    }
+}
+
+TEST(DistPtLine, AVerticalSegmentFarFromTheDiagonal) {
+    const DblPt a(20.0, 1.0);
+    const DblPt b(20.0, 5.0);
+    for (const auto& [from, to] : {std::pair(a, b), std::pair(b, a)}) {
+        EXPECT_TRUE(IsAt(Measure(DblPt(23.0, 3.0), from, to).closest, 20.0, 3.0));
+        Measured m = Measure(DblPt(23.0, 9.0), from, to);
+        EXPECT_EQ(m.dist, 5.0);
+        EXPECT_TRUE(IsAt(m.closest, 20.0, 5.0));
+        m = Measure(DblPt(17.0, -3.0), from, to);
+        EXPECT_EQ(m.dist, 5.0);
+        EXPECT_TRUE(IsAt(m.closest, 20.0, 1.0));
+    }
+}
+
+TEST(DistPtLine, WithANaNEndTheFirstEndIsTheLower) {
+    // Along a vertical: the end that is a number clamps from above where it comes second, from below where it comes
+    // first.
+    const DblPt number(1.0, 2.0);
+    const DblPt nan(1.0, kNaN);
+    EXPECT_TRUE(IsAt(Measure(DblPt(4.0, 6.0), nan, number).closest, 1.0, 2.0));
+    EXPECT_TRUE(IsAt(Measure(DblPt(4.0, -2.0), nan, number).closest, 1.0, -2.0));
+    EXPECT_TRUE(IsAt(Measure(DblPt(4.0, 6.0), number, nan).closest, 1.0, 6.0));
+    EXPECT_TRUE(IsAt(Measure(DblPt(4.0, -2.0), number, nan).closest, 1.0, 2.0));
+    // Along a horizontal.
+    const DblPt right(5.0, 3.0);
+    const DblPt nowhere(kNaN, 3.0);
+    EXPECT_TRUE(IsAt(Measure(DblPt(9.0, 0.0), nowhere, right).closest, 5.0, 3.0));
+    EXPECT_TRUE(IsAt(Measure(DblPt(1.0, 0.0), nowhere, right).closest, 1.0, 3.0));
+    EXPECT_TRUE(IsAt(Measure(DblPt(9.0, 0.0), right, nowhere).closest, 9.0, 3.0));
+    EXPECT_TRUE(IsAt(Measure(DblPt(1.0, 0.0), right, nowhere).closest, 5.0, 3.0));
+}
+
 TEST(DistPtLine, SlantedSegment) {
     const DblPt a(0.0, 0.0);
     const DblPt b(10.0, 10.0);
@@ -88,10 +138,10 @@ TEST(DistPtLine, SlantedSegment) {
 }
 
 TEST(DistPtLine, InexactIsTheOctagonalEstimate) {
-    EXPECT_EQ(Measure(DblPt(5.0, 5.0), DblPt(0.0, 0.0), DblPt(10.0, 0.0), false).dist, 0.96 * 5.0);
-    EXPECT_EQ(Measure(DblPt(0.0, 10.0), DblPt(0.0, 0.0), DblPt(10.0, 10.0), false).dist, 0.96 * 5.0 + 0.398 * 5.0);
-    EXPECT_EQ(Measure(DblPt(13.0, 4.0), DblPt(0.0, 0.0), DblPt(10.0, 0.0), false).dist, 0.96 * 4.0 + 0.398 * 3.0);
-    EXPECT_EQ(Measure(DblPt(14.0, 3.0), DblPt(0.0, 0.0), DblPt(10.0, 0.0), false).dist, 0.96 * 4.0 + 0.398 * 3.0);
+    EXPECT_EQ(Measure(DblPt(5.0, 5.0), DblPt(0.0, 0.0), DblPt(10.0, 0.0), false).dist, 4.8);
+    EXPECT_EQ(Measure(DblPt(0.0, 10.0), DblPt(0.0, 0.0), DblPt(10.0, 10.0), false).dist, 6.79);
+    EXPECT_EQ(Measure(DblPt(13.0, 4.0), DblPt(0.0, 0.0), DblPt(10.0, 0.0), false).dist, 5.034);
+    EXPECT_EQ(Measure(DblPt(14.0, 3.0), DblPt(0.0, 0.0), DblPt(10.0, 0.0), false).dist, 5.034);
 }
 
 TEST(DistPtLine, APointSegment) {
@@ -108,13 +158,12 @@ TEST(DistPtLine, ANearlyVerticalSegmentIsSlanted) {
 }
 
 TEST(DistPtLine, TheFormulaIsEvaluatedAsWrittenFromTheLowerEnd) {
-    std::mt19937_64 random(1);
-    std::uniform_real_distribution<double> coordinate(-1000.0, 1000.0);
+    RandomNumbers random(1);
     int inside = 0;
     for (int i = 0; i < 2000; ++i) {
-        const DblPt lo(coordinate(random), coordinate(random));
-        const DblPt hi(lo.x + 500.0, coordinate(random));
-        const DblPt p(coordinate(random), coordinate(random));
+        const DblPt lo = RandomPoint(random);
+        const DblPt hi(lo.x + 500.0, random.Within(-1000.0, 1000.0));
+        const DblPt p = RandomPoint(random);
         const double dx = hi.x - lo.x;
         const double dy = hi.y - lo.y;
         const double x = ((p.y - lo.y) * dy * dx + dx * dx * p.x + lo.x * (dy * dy)) / (dy * dy + dx * dx);
@@ -211,6 +260,12 @@ TEST(PtAlongLine, CountsFromTheStart) {
     EXPECT_TRUE(IsAt(PointOnLine(Vellum::PtAlongLine, DblPt(1.0, 2.0), DblPt(-9.0, 2.0), 3.0), -2.0, 2.0));
 }
 
+TEST(PtAlongLine, MultipliesBeforeItDivides) {
+    // 3 + (5 / length) * 5 would be 7.28746462856272.
+    EXPECT_TRUE(IsAt(PointOnLine(Vellum::PtAlongLine, DblPt(3.0, 5.0), DblPt(8.0, 8.0), 5.0), 7.287464628562721,
+                     7.572478777137633));
+}
+
 TEST(ExtendLine, CountsFromTheEndUnlessAlongAnAxis) {
     EXPECT_TRUE(IsAt(PointOnLine(Vellum::ExtendLine, DblPt(1.0, 1.0), DblPt(4.0, 5.0), 10.0), 10.0, 13.0));
     EXPECT_TRUE(IsAt(PointOnLine(Vellum::ExtendLine, DblPt(0.0, 0.0), DblPt(10.0, 10.0), std::sqrt(2.0)), 11.0, 11.0));
@@ -255,6 +310,46 @@ TEST(FindLineIntersect, SlantedLines) {
     EXPECT_TRUE(
         Vellum::FindLineIntersect(DblPt(0.0, 0.0), DblPt(4.0, 2.0), DblPt(-3.0, 6.0), DblPt(-1.0, 4.0), 0.0, out));
     EXPECT_TRUE(IsAt(out, 2.0, 1.0));
+}
+
+TEST(FindLineIntersect, LinesAwayFromTheOrigin) {
+    DblPt out;
+    EXPECT_TRUE(
+        Vellum::FindLineIntersect(DblPt(1.0, 3.0), DblPt(3.0, 4.0), DblPt(2.0, 2.5), DblPt(4.0, 5.5), 0.0, out));
+    EXPECT_TRUE(IsAt(out, 3.0, 4.0));
+    EXPECT_TRUE(
+        Vellum::FindLineIntersect(DblPt(2.0, 2.5), DblPt(4.0, 5.5), DblPt(1.0, 3.0), DblPt(3.0, 4.0), 0.0, out));
+    EXPECT_TRUE(IsAt(out, 3.0, 4.0));
+}
+
+TEST(FindLineIntersect, SlopesThatDifferInTheLastBitMeet) {
+    // y = x and y = (1 + 2^-52) x - 1 meet at x = 2^52.
+    DblPt out;
+    EXPECT_TRUE(Vellum::FindLineIntersect(DblPt(0.0, 0.0), DblPt(1.0, 1.0), DblPt(0.0, -1.0),
+                                          DblPt(1.0, kDoubleEpsilon), 0.0, out));
+    EXPECT_TRUE(IsAt(out, 4503599627370496.0, 4503599627370496.0));
+}
+
+TEST(FindLineIntersect, TheFormulasAreEvaluatedAsWritten) {
+    RandomNumbers random(2);
+    for (int i = 0; i < 2000; ++i) {
+        const DblPt p1 = RandomPoint(random);
+        const DblPt p2 = RandomPoint(random);
+        const DblPt q1 = RandomPoint(random);
+        const DblPt q2 = RandomPoint(random);
+        const DblPt p2Above(p1.x, p2.y);
+        const DblPt q2Above(q1.x, q2.y);
+        const double m1 = (p2.y - p1.y) / (p2.x - p1.x);
+        const double m2 = (q2.y - q1.y) / (q2.x - q1.x);
+        const double x = ((m1 * p1.x - p1.y) - (m2 * q1.x - q1.y)) / (m1 - m2);
+        DblPt out;
+        EXPECT_TRUE(Vellum::FindLineIntersect(p1, p2, q1, q2, 0.0, out));
+        EXPECT_TRUE(IsAt(out, x, (x - q1.x) * m2 + q1.y));
+        EXPECT_TRUE(Vellum::FindLineIntersect(p1, p2Above, q1, q2, 0.0, out));
+        EXPECT_TRUE(IsAt(out, p1.x, m2 * (p1.x - q1.x) + q1.y));
+        EXPECT_TRUE(Vellum::FindLineIntersect(p1, p2, q1, q2Above, 0.0, out));
+        EXPECT_TRUE(IsAt(out, q1.x, m1 * (q1.x - p1.x) + p1.y));
+    }
 }
 
 TEST(FindLineIntersect, OneVerticalLine) {
@@ -371,6 +466,28 @@ TEST(PointInBounds, EdgesCountAndTheToleranceGrowsTheBox) {
     EXPECT_FALSE(Vellum::PointInBounds(DblPt(3.0, kNaN), a, b, 1.0));
 }
 
+TEST(PointInBounds, ANaNEndIsNotPassedOver) {
+    // A NaN in a is the larger of the two, one in b the smaller, and neither comparison holds.
+    const DblPt p(3.0, 3.0);
+    const DblPt number(3.0, 3.0);
+    ASSERT_TRUE(Vellum::PointInBounds(p, number, number, 1.0));
+    for (const DblPt& nan : {DblPt(kNaN, 3.0), DblPt(3.0, kNaN), DblPt(kNaN, kNaN)}) {
+        EXPECT_FALSE(Vellum::PointInBounds(p, nan, number, 1.0));
+        EXPECT_FALSE(Vellum::PointInBounds(p, number, nan, 1.0));
+        EXPECT_FALSE(Vellum::PointInBounds(p, nan, nan, 1.0));
+        EXPECT_FALSE(Vellum::PointInBounds(DblPt(-1e300, -1e300), nan, number, 1.0));
+        EXPECT_FALSE(Vellum::PointInBounds(DblPt(1e300, 1e300), number, nan, 1.0));
+    }
+}
+
+TEST(PointInBounds, TheToleranceGoesToThePoint) {
+    // Each is the other way round where the tolerance is added to the bounds: the sums round differently.
+    EXPECT_FALSE(Vellum::PointInBounds(DblPt(-2.2, 0.0), DblPt(0.8, 0.0), DblPt(9.0, 0.0), 3.0));
+    EXPECT_FALSE(Vellum::PointInBounds(DblPt(0.0, -2.2), DblPt(0.0, 0.8), DblPt(0.0, 9.0), 3.0));
+    EXPECT_TRUE(Vellum::PointInBounds(DblPt(0.8, 0.0), DblPt(-9.0, 0.0), DblPt(-2.5, 0.0), 3.3));
+    EXPECT_TRUE(Vellum::PointInBounds(DblPt(0.0, 0.8), DblPt(0.0, -9.0), DblPt(0.0, -2.5), 3.3));
+}
+
 TEST(FindLineCircleIntersect, TheNearerOfTwo) {
     const DblPt centre(0.0, 0.0);
     const DblPt a(-2.0, 0.0);
@@ -387,6 +504,59 @@ TEST(FindLineCircleIntersect, TheNearerOfTwo) {
     EXPECT_TRUE(Vellum::FindLineCircleIntersect(DblPt(10.0, 20.0), 5.0, DblPt(0.0, 23.0), DblPt(2.0, 23.0),
                                                 DblPt(99.0, 0.0), out));
     EXPECT_TRUE(IsAt(out, 14.0, 23.0));
+}
+
+TEST(FindLineCircleIntersect, SlantedLines) {
+    DblPt out;
+    const DblPt centre(1.0, 2.0);
+    EXPECT_TRUE(Vellum::FindLineCircleIntersect(centre, 5.0, DblPt(-2.0, -2.0), DblPt(4.0, 6.0), DblPt(9.0, 9.0), out));
+    EXPECT_TRUE(IsAt(out, 4.0, 6.0));
+    EXPECT_TRUE(
+        Vellum::FindLineCircleIntersect(centre, 5.0, DblPt(-2.0, -2.0), DblPt(4.0, 6.0), DblPt(-9.0, -9.0), out));
+    EXPECT_TRUE(IsAt(out, -2.0, -2.0));
+    // A tangent.
+    EXPECT_TRUE(
+        Vellum::FindLineCircleIntersect(DblPt(0.0, 0.0), 5.0, DblPt(-1.0, 7.0), DblPt(7.0, 1.0), DblPt(9.0, 9.0), out));
+    EXPECT_TRUE(IsAt(out, 3.0, 4.0));
+}
+
+TEST(FindLineCircleIntersect, TheFormulasAreEvaluatedAsWritten) {
+    RandomNumbers random(3);
+    int met = 0;
+    int missed = 0;
+    for (int i = 0; i < 2000; ++i) {
+        const DblPt centre = RandomPoint(random);
+        const DblPt a = RandomPoint(random);
+        const DblPt b = RandomPoint(random);
+        const DblPt ref = RandomPoint(random);
+        const double radius = random.Within(1.0, 1000.0);
+
+        const DblPt d(b.x - a.x, b.y - a.y);
+        const double qa = d.x * d.x + d.y * d.y;
+        const double qb = 2.0 * ((a.x - centre.x) * d.x + (a.y - centre.y) * d.y);
+        const double qc = centre.x * centre.x + centre.y * centre.y + a.x * a.x + a.y * a.y -
+                          2.0 * (centre.x * a.x + centre.y * a.y) - radius * radius;
+        const double disc = qb * qb - 4.0 * qa * qc;
+        DblPt out = kUntouched;
+        const bool meets = Vellum::FindLineCircleIntersect(centre, radius, a, b, ref, out);
+        if (disc < 0.0) {
+            EXPECT_FALSE(meets);
+            EXPECT_TRUE(IsAt(out, kUntouched.x, kUntouched.y));
+            ++missed;
+            continue;
+        }
+        const double s = std::sqrt(disc);
+        const double t1 = (s - qb) / (2.0 * qa);
+        const double t2 = (-qb - s) / (2.0 * qa);
+        const DblPt ahead(a.x + t1 * d.x, a.y + t1 * d.y);
+        const DblPt behind(a.x + t2 * d.x, a.y + t2 * d.y);
+        const DblPt& nearer = behind.Distsq(ref) > ahead.Distsq(ref) ? ahead : behind;
+        EXPECT_TRUE(meets);
+        EXPECT_TRUE(IsAt(out, nearer.x, nearer.y));
+        ++met;
+    }
+    EXPECT_GT(met, 500);
+    EXPECT_GT(missed, 200);
 }
 
 TEST(FindLineCircleIntersect, ATieGivesTheOneFurtherBack) {
@@ -495,6 +665,33 @@ TEST(GetAngleFromVector, ExactDirections) {
     EXPECT_TRUE(Is(DirectionTo(0.0, 0.0), 0.0, 0.0, 0.0));
 }
 
+TEST(GetAngleFromVector, FromTheOrigin) {
+    DblPt origin(0.0, 0.0);
+    double dx = -1.0;
+    double dy = -1.0;
+    for (const double x : {0.0, 0.00001, -0.00001}) {
+        DblPt down(x, -1.0);
+        dx = -1.0;
+        EXPECT_EQ(Vellum::GetAngleFromVector(origin, down, dx, dy), 4.71238898038469);
+        EXPECT_EQ(dx, 0.0);
+        EXPECT_EQ(dy, -1.0);
+    }
+    DblPt belowFullTurn(1.0, -0.00001);
+    EXPECT_EQ(Vellum::GetAngleFromVector(origin, belowFullTurn, dx, dy), 6.2831753071795866);
+    EXPECT_EQ(dx, 1.0);
+    EXPECT_EQ(dy, -0.00001);
+}
+
+TEST(GetAngleFromVector, ATinyNegativeAngleIsAFullTurn) {
+    DblPt origin(0.0, 0.0);
+    DblPt to(1.0, -1e-300);
+    double dx = 0.0;
+    double dy = 0.0;
+    EXPECT_EQ(Vellum::GetAngleFromVector(origin, to, dx, dy), 2.0 * kPi);
+    EXPECT_EQ(dx, 1.0);
+    EXPECT_EQ(dy, -1e-300);
+}
+
 TEST(GetAngleFromVector, SnapsNearTheAxesOnBothSidesButNotBelowAFullTurn) {
     const double off = 1.0 / 65536.0;
     EXPECT_TRUE(Is(DirectionTo(1.0, off), 0.0, 1.0, 0.0));
@@ -509,16 +706,40 @@ TEST(GetAngleFromVector, SnapsNearTheAxesOnBothSidesButNotBelowAFullTurn) {
 }
 
 TEST(GetAngleFromVector, TheBandIsStrict) {
+    // The first y whose angle is not below 0.0001, whatever the last bit of this machine's tangent is.
+    double first = std::tan(0.0001);
+    while (std::atan2(first, 1.0) >= 0.0001) {
+        first = std::nextafter(first, 0.0);
+    }
+    while (std::atan2(first, 1.0) < 0.0001) {
+        first = std::nextafter(first, 1.0);
+    }
+    const double last = std::nextafter(first, 0.0);
+
     DblPt origin(0.0, 0.0);
-    DblPt to(1.0, std::tan(0.0001));
-    ASSERT_EQ(std::atan2(to.y, 1.0), 0.0001);
+    DblPt outside(1.0, first);
     double dx = 0.0;
     double dy = 0.0;
-    EXPECT_EQ(Vellum::GetAngleFromVector(origin, to, dx, dy), 0.0001);
-    EXPECT_EQ(dy, to.y);
-    to.y = std::tan(0.00009999);
-    EXPECT_EQ(Vellum::GetAngleFromVector(origin, to, dx, dy), 0.0);
+    EXPECT_EQ(Vellum::GetAngleFromVector(origin, outside, dx, dy), std::atan2(first, 1.0));
+    EXPECT_EQ(dy, first);
+    DblPt inside(1.0, last);
+    EXPECT_EQ(Vellum::GetAngleFromVector(origin, inside, dx, dy), 0.0);
     EXPECT_EQ(dy, 0.0);
+}
+
+TEST(GetAngleFromVector, TheBandIsAsWideAtEveryAxis) {
+    DblPt origin(0.0, 0.0);
+    for (const double axis : {0.5 * kPi, kPi, 1.5 * kPi}) {
+        for (const double off : {0.00009999, -0.00009999, 0.00010001, -0.00010001}) {
+            DblPt to(std::cos(axis + off), std::sin(axis + off));
+            double dx = 0.0;
+            double dy = 0.0;
+            const double angle = Vellum::GetAngleFromVector(origin, to, dx, dy);
+            const bool snaps = std::fabs(off) < 0.0001;
+            EXPECT_EQ(angle == axis, snaps) << axis << " " << off;
+            EXPECT_EQ((axis == kPi ? dy : dx) == 0.0, snaps) << axis << " " << off;
+        }
+    }
 }
 
 TEST(GetAngleFromVector, TheVectorMayOverwriteAnEnd) {
@@ -568,6 +789,9 @@ TEST(LookupSinCos, ReducesToOneTurn) {
     EXPECT_NEAR(sinCos(450).x, 0.0, 1e-15);
     EXPECT_EQ(sinCos(30).y, std::sin(30 * kPi / 180.0));
     EXPECT_EQ(sinCos(30).x, std::cos(30 * kPi / 180.0));
+    // Degrees times pi first: 3 times a degree in radians would be 0.05235987755982989.
+    EXPECT_EQ(sinCos(3).y, std::sin(0.05235987755982988));
+    EXPECT_EQ(sinCos(3).x, std::cos(0.05235987755982988));
     EXPECT_EQ(sinCos(-30).y, std::sin(330 * kPi / 180.0));
     EXPECT_EQ(sinCos(359).x, std::cos(359 * kPi / 180.0));
     // -2147483648 is 232 degrees beyond a whole number of turns.

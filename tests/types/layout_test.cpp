@@ -5,11 +5,13 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstdint>
+#include <memory>
 #include <type_traits>
 
 #include "support/vtable.h"
 #include "types/records_in_c.h"
-#include "vellum/matrix.h"
+#include "vellum/geometry.h"
 #include "vellum/points.h"
 #include "vellum/records.h"
 #include "vellum/rectangles.h"
@@ -26,7 +28,6 @@ using Vellum::AlignedDblRect;
 using Vellum::ClosedShape;
 using Vellum::DblPt;
 using Vellum::IntPt;
-using Vellum::Mtx2D;
 using Vellum::Shape;
 using Vellum::Status;
 
@@ -35,7 +36,7 @@ static_assert(sizeof(IntPt) == 8 && offsetof(IntPt, x) == 0 && offsetof(IntPt, y
 static_assert(std::is_standard_layout_v<DblPt> && std::is_standard_layout_v<IntPt>);
 static_assert(alignof(DblPt) == alignof(real_pt_t) && sizeof(DblPt) == sizeof(real_pt_t));
 static_assert(alignof(IntPt) == alignof(int_pt_t) && sizeof(IntPt) == sizeof(int_pt_t));
-static_assert(sizeof(Status) == 4 && std::is_standard_layout_v<Status>);
+static_assert(sizeof(Status) == 4 && offsetof(Status, code) == 0 && std::is_standard_layout_v<Status>);
 static_assert(sizeof(Shape) == sizeof(void*) && sizeof(ClosedShape) == sizeof(void*));
 static_assert(sizeof(void*) != 8 || sizeof(AlignedDblRect) == 40);
 static_assert(offsetof(AlignedDblRect, ll) == 8 && offsetof(AlignedDblRect, ur) == 24);
@@ -62,7 +63,37 @@ static_assert(std::is_abstract_v<ClosedShape> && !std::is_abstract_v<Shape>);
 static_assert(std::has_virtual_destructor_v<Shape>);
 static_assert(std::is_base_of_v<Shape, ClosedShape> && std::is_base_of_v<ClosedShape, AlignedDblRect>);
 
+template <class Point>
+concept ConvertsToRecord = requires(Point& p, real_pt_t& out) {
+    p.ToRealPtT(out);
+};
+static_assert(ConvertsToRecord<DblPt> && !ConvertsToRecord<const DblPt>);
+
 static_assert(std::is_same_v<std::underlying_type_t<Vellum::EntityHandleEnum::EntityHandle>, int32_t>);
+static_assert(std::is_same_v<std::underlying_type_t<Vellum::MeasuringUnit>, int32_t>);
+static_assert(std::is_same_v<std::underlying_type_t<Vellum::MeasurementSizeEnum::MeasurementSize>, int32_t>);
+static_assert(std::is_same_v<std::underlying_type_t<Status::StCode>, uint32_t>);
+
+static_assert(Vellum::EntityHandleEnum::HandleUpperLeft == 0 && Vellum::EntityHandleEnum::HandleTopMiddle == 1 &&
+              Vellum::EntityHandleEnum::HandleUpperRight == 2 && Vellum::EntityHandleEnum::HandleMiddleLeft == 3 &&
+              Vellum::EntityHandleEnum::HandleCenter == 4 && Vellum::EntityHandleEnum::HandleMiddleRight == 5 &&
+              Vellum::EntityHandleEnum::HandleLowerLeft == 6 && Vellum::EntityHandleEnum::HandleBottomMiddle == 7 &&
+              Vellum::EntityHandleEnum::HandleLowerRight == 8 && Vellum::EntityHandleEnum::HandleNone == 10);
+
+static_assert(Vellum::UnitNone == 0 && Vellum::UnitInch == 1 && Vellum::UnitMillimetre == 2 &&
+              Vellum::UnitUnnamed3 == 3 && Vellum::UnitFoot == 4 && Vellum::UnitMile == 5 && Vellum::UnitMetre == 6 &&
+              Vellum::UnitKilometre == 7 && Vellum::UnitMil == 8 && Vellum::UnitMicron == 9 &&
+              Vellum::UnitCentimetre == 10 && Vellum::UnitMicroinch == 11 && Vellum::UnitYard == 12 &&
+              Vellum::UnitAngstrom == 13 && Vellum::UnitNanometre == 14 && Vellum::UnitDecimetre == 15 &&
+              Vellum::UnitHectometre == 16 && Vellum::UnitGigametre == 17 && Vellum::UnitAstronomical == 18 &&
+              Vellum::UnitLightYear == 19 && Vellum::UnitParsec == 20 && Vellum::UnitTenThousandth == 21 &&
+              Vellum::UnitHundredThousandth == 22);
+
+static_assert(Vellum::MeasurementSizeEnum::SizeNone == -2 && Vellum::MeasurementSizeEnum::SizeCustom == -1 &&
+              Vellum::MeasurementSizeEnum::Size000625 == 0 && Vellum::MeasurementSizeEnum::Size00125 == 1 &&
+              Vellum::MeasurementSizeEnum::Size0025 == 2 && Vellum::MeasurementSizeEnum::Size005 == 3 &&
+              Vellum::MeasurementSizeEnum::Size0075 == 4 && Vellum::MeasurementSizeEnum::Size01 == 5 &&
+              Vellum::MeasurementSizeEnum::Size02 == 6);
 
 template <class T>
 using ContainsPoint = bool (T::*)(const DblPt&, double) const;
@@ -83,6 +114,28 @@ void CheckSlots() {
 TEST(Layout, VirtualOperationsKeepTheirSlots) {
     CheckSlots<ClosedShape>();
     CheckSlots<AlignedDblRect>();
+}
+
+// Counts the destructions of its objects.
+class CountedRect : public AlignedDblRect {
+public:
+    explicit CountedRect(int& count) : destroyed(count) {}
+    CountedRect(const CountedRect&) = delete;
+    CountedRect& operator=(const CountedRect&) = delete;
+    ~CountedRect() override { ++destroyed; }
+
+private:
+    int& destroyed;
+};
+
+TEST(Layout, AShapeIsDestroyedThroughEitherBase) {
+    int destroyed = 0;
+    std::unique_ptr<Shape> shape = std::make_unique<CountedRect>(destroyed);
+    shape.reset();
+    EXPECT_EQ(destroyed, 1);
+    std::unique_ptr<ClosedShape> closed = std::make_unique<CountedRect>(destroyed);
+    closed.reset();
+    EXPECT_EQ(destroyed, 2);
 }
 
 TEST(Layout, ACCompilerSeesTheSameRecords) {

@@ -123,8 +123,42 @@ TEST(DblPt, NaNMakesEveryRelationFalse) {
         EXPECT_TRUE(std::isnan(p.Distsq(origin)));
         EXPECT_TRUE(std::isnan(p.ApproxDist(origin)));
     }
+    for (const bool exact : {true, false}) {
+        DblPt closest;
+        EXPECT_TRUE(std::isnan(DblPt(kNaN, kNaN).DistToLine(DblPt(0.0, 0.0), DblPt(9.0, 9.0), closest, exact)));
+        EXPECT_TRUE(std::isnan(DblPt(kNaN, 1.0).DistToLine(DblPt(0.0, 0.0), DblPt(0.0, 9.0), closest, exact)));
+        EXPECT_TRUE(std::isnan(DblPt(1.0, kNaN).DistToLine(DblPt(0.0, 0.0), DblPt(9.0, 0.0), closest, exact)));
+        EXPECT_TRUE(std::isnan(origin.DistToLine(DblPt(kNaN, kNaN), DblPt(kNaN, kNaN), closest, exact)));
+    }
     EXPECT_TRUE(std::isnan(DblPt(kNaN, 0.0).XDist(origin)));
     EXPECT_TRUE(std::isnan(DblPt(0.0, kNaN).YDist(origin)));
+}
+
+TEST(DblPt, NaNHasNoPosition) {
+    const DblPt origin;
+    const DblPt nan(kNaN, kNaN);
+    for (const auto& [a, b] : {std::pair(nan, origin), std::pair(origin, nan), std::pair(nan, nan)}) {
+        EXPECT_FALSE(a.isAbove(b));
+        EXPECT_FALSE(a.isBelow(b));
+        EXPECT_FALSE(a.isLeftOf(b));
+        EXPECT_FALSE(a.isRightOf(b));
+        EXPECT_EQ(&a.Above(b), &b);
+        EXPECT_EQ(&a.Below(b), &b);
+        EXPECT_EQ(&a.LeftOf(b), &b);
+        EXPECT_EQ(&a.RightOf(b), &b);
+    }
+    const DblPt a(0.0, 0.0);
+    const DblPt b(2.0, 1.0);
+    const DblPt left(0.0, 1.0);
+    ASSERT_TRUE(left.isLeftOfLine(a, b));
+    for (const DblPt& p : {DblPt(kNaN, 1.0), DblPt(0.0, kNaN)}) {
+        EXPECT_FALSE(p.isLeftOfLine(a, b));
+        EXPECT_FALSE(left.isLeftOfLine(p, b));
+        EXPECT_FALSE(left.isLeftOfLine(a, p));
+        EXPECT_FALSE(DblPt::isLeftOfLine(a, b, p.x, p.y));
+        EXPECT_FALSE(DblPt::isLeftOfLine(p, b, 0.0, 1.0));
+        EXPECT_FALSE(DblPt::isLeftOfLine(a, p, 0.0, 1.0));
+    }
 }
 
 TEST(DblPt, IsExactlyComparesBothCoordinates) {
@@ -160,13 +194,23 @@ TEST(DblPt, Distances) {
     EXPECT_EQ(a.YDist(a), 0.0);
 }
 
+TEST(DblPt, DistancesOnAnAxisAreNeverNegativeZero) {
+    const DblPt plus(0.0, 0.0);
+    const DblPt minus(-0.0, -0.0);
+    for (const auto& [a, b] : {std::pair(plus, minus), std::pair(minus, plus)}) {
+        EXPECT_EQ(a.XDist(b), 0.0);
+        EXPECT_FALSE(std::signbit(a.XDist(b)));
+        EXPECT_EQ(a.YDist(b), 0.0);
+        EXPECT_FALSE(std::signbit(a.YDist(b)));
+    }
+}
+
 TEST(DblPt, ApproxDistWeighsTheLongerAxis) {
     const DblPt origin;
-    EXPECT_EQ(origin.ApproxDist(DblPt(3.0, 4.0)), 0.96 * 4.0 + 0.398 * 3.0);
-    EXPECT_NEAR(origin.ApproxDist(DblPt(3.0, 4.0)), 5.034, 1e-14);
-    EXPECT_NEAR(origin.ApproxDist(-4.0, 3.0), 5.034, 1e-14);
-    EXPECT_NEAR(origin.ApproxDist(4.0, -3.0), 5.034, 1e-14);
-    EXPECT_NEAR(origin.ApproxDist(DblPt(1.0, 1.0)), 1.358, 1e-15);
+    EXPECT_EQ(origin.ApproxDist(DblPt(3.0, 4.0)), 5.034);
+    EXPECT_EQ(origin.ApproxDist(-4.0, 3.0), 5.034);
+    EXPECT_EQ(origin.ApproxDist(4.0, -3.0), 5.034);
+    EXPECT_EQ(origin.ApproxDist(DblPt(1.0, 1.0)), 1.358);
     EXPECT_EQ(DblPt(1.0, 2.0).ApproxDist(DblPt(1.0, 2.0)), 0.0);
 }
 
@@ -176,7 +220,7 @@ TEST(DblPt, DistToLineMeasuresTheSegment) {
     EXPECT_TRUE(IsAt(closest, 5.0, 0.0));
     EXPECT_EQ(DblPt(13.0, 4.0).DistToLine(DblPt(0.0, 0.0), DblPt(10.0, 0.0), closest, true), 5.0);
     EXPECT_TRUE(IsAt(closest, 10.0, 0.0));
-    EXPECT_EQ(DblPt(5.0, 5.0).DistToLine(DblPt(0.0, 0.0), DblPt(10.0, 0.0), closest, false), 0.96 * 5.0);
+    EXPECT_EQ(DblPt(5.0, 5.0).DistToLine(DblPt(0.0, 0.0), DblPt(10.0, 0.0), closest, false), 4.8);
 
     DblPt own(5.0, 5.0);
     EXPECT_EQ(own.DistToLine(DblPt(0.0, 0.0), DblPt(10.0, 0.0), own, true), 5.0);
@@ -223,18 +267,50 @@ void CheckSelections() {
 TEST(DblPt, SelectionsReturnTheArgumentOnATie) {
     CheckSelections<DblPt>();
     CheckSelections<const DblPt>();
-    static_assert(std::is_same_v<decltype(std::declval<DblPt&>().Above(std::declval<DblPt&>())), DblPt&>);
-    static_assert(
-        std::is_same_v<decltype(std::declval<const DblPt&>().Above(std::declval<const DblPt&>())), const DblPt&>);
+}
+
+template <class Point>
+constexpr bool kSelectsItsOwnKind =
+    std::is_same_v<decltype(std::declval<Point&>().Above(std::declval<Point&>())), Point&>&&
+        std::is_same_v<decltype(std::declval<Point&>().Below(std::declval<Point&>())), Point&>&&
+            std::is_same_v<decltype(std::declval<Point&>().LeftOf(std::declval<Point&>())), Point&>&&
+                std::is_same_v<decltype(std::declval<Point&>().RightOf(std::declval<Point&>())), Point&>;
+static_assert(kSelectsItsOwnKind<DblPt> && kSelectsItsOwnKind<const DblPt>);
+
+template <class Point>
+void CheckSelectionAxes() {
+    Point upperLeft(0.0, 5.0);
+    Point lowerRight(1.0, 4.0);
+    EXPECT_EQ(&upperLeft.Above(lowerRight), &upperLeft);
+    EXPECT_EQ(&lowerRight.Above(upperLeft), &upperLeft);
+    EXPECT_EQ(&upperLeft.Below(lowerRight), &lowerRight);
+    EXPECT_EQ(&lowerRight.Below(upperLeft), &lowerRight);
+    EXPECT_EQ(&upperLeft.LeftOf(lowerRight), &upperLeft);
+    EXPECT_EQ(&lowerRight.LeftOf(upperLeft), &upperLeft);
+    EXPECT_EQ(&upperLeft.RightOf(lowerRight), &lowerRight);
+    EXPECT_EQ(&lowerRight.RightOf(upperLeft), &lowerRight);
+
+    // Points that differ on one axis tie on the other.
+    Point origin(0.0, 0.0);
+    Point beside(1.0, 0.0);
+    Point over(0.0, 1.0);
+    EXPECT_EQ(&beside.Above(origin), &origin);
+    EXPECT_EQ(&origin.Below(beside), &beside);
+    EXPECT_EQ(&origin.LeftOf(beside), &origin);
+    EXPECT_EQ(&beside.LeftOf(origin), &origin);
+    EXPECT_EQ(&beside.RightOf(origin), &beside);
+    EXPECT_EQ(&origin.RightOf(beside), &beside);
+    EXPECT_EQ(&over.Above(origin), &over);
+    EXPECT_EQ(&origin.Above(over), &over);
+    EXPECT_EQ(&origin.Below(over), &origin);
+    EXPECT_EQ(&over.Below(origin), &origin);
+    EXPECT_EQ(&origin.LeftOf(over), &over);
+    EXPECT_EQ(&over.RightOf(origin), &origin);
 }
 
 TEST(DblPt, SelectionsLookAtOneAxisOnly) {
-    const DblPt left(0.0, 5.0);
-    const DblPt right(1.0, 4.0);
-    EXPECT_EQ(&left.Above(right), &left);
-    EXPECT_EQ(&left.Below(right), &right);
-    EXPECT_EQ(&left.LeftOf(right), &left);
-    EXPECT_EQ(&left.RightOf(right), &right);
+    CheckSelectionAxes<DblPt>();
+    CheckSelectionAxes<const DblPt>();
 }
 
 TEST(DblPt, LeftOfLineFollowsTheDirectionOfTheLine) {
@@ -265,6 +341,11 @@ TEST(DblPt, LeftOfLineIsRelativeToTheStartOfTheLine) {
     EXPECT_FALSE(DblPt(11.0, 20.0).isLeftOfLine(a, b));
     EXPECT_TRUE(DblPt::isLeftOfLine(a, b, 10.0, 21.0));
     EXPECT_FALSE(DblPt::isLeftOfLine(a, b, 11.0, 20.0));
+    // Beyond the end, a quarter above and below the line through (14, 22).
+    EXPECT_TRUE(DblPt(14.0, 22.25).isLeftOfLine(a, b));
+    EXPECT_FALSE(DblPt(14.0, 21.75).isLeftOfLine(a, b));
+    EXPECT_TRUE(DblPt::isLeftOfLine(a, b, 14.0, 22.25));
+    EXPECT_FALSE(DblPt::isLeftOfLine(a, b, 14.0, 21.75));
 }
 
 TEST(IntPt, IsSetAndCompared) {
@@ -302,8 +383,15 @@ TEST(IntPt, DominanceAgainstAModelPoint) {
     EXPECT_FALSE(p <= DblPt(0.5, 2.5));
     EXPECT_FALSE(p <= DblPt(1.5, 1.5));
 
-    const DblPt nan(kNaN, kNaN);
-    EXPECT_FALSE(p < nan || p <= nan || p > nan || p >= nan);
+    // Where the other coordinate alone would satisfy the relation.
+    for (const DblPt& more : {DblPt(kNaN, 3.0), DblPt(3.0, kNaN), DblPt(kNaN, kNaN)}) {
+        EXPECT_FALSE(p < more);
+        EXPECT_FALSE(p <= more);
+    }
+    for (const DblPt& less : {DblPt(kNaN, 0.0), DblPt(0.0, kNaN), DblPt(kNaN, kNaN)}) {
+        EXPECT_FALSE(p > less);
+        EXPECT_FALSE(p >= less);
+    }
 }
 
 }  // namespace

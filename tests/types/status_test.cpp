@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <type_traits>
 #include <utility>
@@ -12,6 +13,7 @@ namespace {
 using Vellum::Status;
 
 static_assert(std::is_same_v<std::underlying_type_t<Status::StCode>, uint32_t>);
+static_assert(offsetof(Status, code) == 0 && std::is_same_v<decltype(Status::code), Status::StCode>);
 static_assert(std::is_trivially_copyable_v<Status>);
 static_assert(std::is_same_v<decltype(std::declval<const Status&>().Text()), char*>);
 static_assert(std::is_same_v<decltype(std::declval<Status&>().Set(Status::StFailed)), void>);
