@@ -37,9 +37,9 @@ enum Mtx2DOrient : int32_t {
 
 /// A 2-D affine transform of row vectors:
 ///
-///                          | m11 m12 0 |
+///                             | m11 m12 0 |
 ///     (x', y', 1) = (x, y, 1) | m21 m22 0 |      x' = x m11 + y m21 + dx
-///                          | dx  dy  1 |      y' = x m12 + y m22 + dy
+///                             | dx  dy  1 |      y' = x m12 + y m22 + dy
 ///
 /// Below, A x B means: A is applied first, then B.
 ///
@@ -104,13 +104,15 @@ public:
     double GetScale() const;
     /// The angle of the image of the unit x vector in [0, pi], in radians: its sign is lost. NaN for a zero first row.
     double GetRotation() const;
-    /// That angle in (-pi, pi], in radians, and the mirror record.
+    /// That angle in (-pi, pi], in radians, and the mirror record; -pi itself where m12 is a negative zero beside a
+    /// negative m11.
     void GetOrientation(double* angle, int* mirrorRecord) const;
     /// Whether the matrix mirrors, and the rotation in degrees in [0, 360), which snaps to a multiple of 90 within 0.1.
     /// Where m12 is negative but too small beside m11 to turn anything, it is 360 itself.
     void GetXMirrorAndRotation(bool* mirrored, double* degrees) const;
     /// Whether the matrix mirrors, and the quarter-turn (0 to 3; every angle strictly between 0 and 180 degrees counts
     /// as 1, between 180 and 360 as 3; -1 for a zero first row) once a mirror in X is taken off its output side.
+    /// A NaN in m12 counts as 3, and one in m11 as no direction where m12 is 0; elsewhere m12 alone decides.
     void GetOrientationAndXMirror(bool* mirrored, int* orient);
     /// The same once the mirror is taken off the input side: 1 and 3 trade places in a mirrored matrix.
     void GetXMirrorAndOrientation(bool* mirrored, int* orient) const;
@@ -158,8 +160,9 @@ public:
 
     /// @name Points
     /// Device outputs round half away from zero and are never clamped: what a 32-bit int cannot hold, NaN included,
-    /// becomes -2147483648. Arrays of @p n points are processed in order, and n <= 0 does nothing. Input and output
-    /// must not overlap, but for the members that work in place.
+    /// becomes -2147483648 (and so 0 in `XfmFPts` and `XfmSPts`, which keep the low bits alone). Arrays of @p n points
+    /// are processed in order, and n <= 0 does nothing. Input and output arrays must not overlap, but for the member
+    /// that works in place; a single point may be its own image.
     /// @{
     void RealXfmPt(const DblPt* in, real_pt_t* out);
     void RealXfmPt(const DblPt* in, DblPt* out);
@@ -181,7 +184,7 @@ public:
     void XfmPts(int n, const DblPt* in, int_pt_t* out);
     void XfmPts(int n, const DblPt* in, IntPt* out);
     /// In eighths of a device unit, for consumers of fixed-point coordinates. The point is rounded to whole units
-    /// first, so the three fraction bits are always zero.
+    /// first, so the three fraction bits are always zero. The product wraps in 32 bits.
     void XfmFPts(int n, const DblPt* in, int_pt_t* out);
     void XfmFPts(int n, const DblPt* in, IntPt* out);
     /// Rounded to 32 bits, of which the low 16 are stored: values wrap.
@@ -205,8 +208,10 @@ public:
     /// @}
 
     /// @name Rectangles
+    /// A rectangle may be its own image.
     /// @{
     /// The bounding box of the four transformed corners, written lower-left, upper-left, upper-right, lower-right.
+    /// A NaN in the image of the first corner stays in both bounds of its axis; one in any other is passed over.
     void XfmRect(const int_rect_t* in, real_rect_t* out);
     void XfmRect(const real_rect_t* in, real_rect_t* out);
     /// The same with each bound rounded to the device.

@@ -21,7 +21,7 @@ void Mtx2D::XfmPolyPts(int n, int* outCount, const DblPt* in, IntPt* out) {
 }
 
 void Mtx2D::XfmPolySetPts(const DrwPSetT* in, DrwDPSetT* out) {
-    // Under a turned matrix hosts keep codes of their own in the output.
+    // Under any other type hosts keep codes of their own in the output.
     const CodeArrays codes = type == Mtx2DAxisAligned ? CodeArrays{in->codes, out->codes} : CodeArrays{};
     out->numPts = KernelsFor(*this).polygonToDevice(*this, in->numPts, Numbers(in->pts), Numbers(out->pts), codes);
 }

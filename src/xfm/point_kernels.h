@@ -2,6 +2,7 @@
 #ifndef VELLUM_SRC_XFM_POINT_KERNELS_H
 #define VELLUM_SRC_XFM_POINT_KERNELS_H
 
+#include <cstddef>
 #include <cstdint>
 #include <type_traits>
 
@@ -62,6 +63,7 @@ template <class Point>
 auto* Numbers(Point* points) {
     using Number = std::remove_reference_t<decltype((points->x))>;
     static_assert(sizeof(Point) == 2 * sizeof(Number) && std::is_standard_layout_v<Point>);
+    static_assert(offsetof(Point, x) == 0 && offsetof(Point, y) == sizeof(Number));
     return reinterpret_cast<Number*>(points);
 }
 

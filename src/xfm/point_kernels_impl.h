@@ -340,8 +340,8 @@ template <class L, class Map>
     return {lower.Of(0, points), lower.Of(1, points), upper.Of(0, points), upper.Of(1, points)};
 }
 
-/// Writes the codes of the set bits one after another, and anything beyond them up to one for
-/// each point of a group.
+/// Writes the codes of the set bits one after another, and anything beyond them up to one for each point of a
+/// group.
 template <class Group>
 void KeepCodesInTurn(unsigned kept, const uint32_t* codes, uint32_t* out) {
     for (size_t k = 0; k < Group::kPoints; ++k) {

@@ -3,7 +3,11 @@
 
 #include <array>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <initializer_list>
 #include <limits>
+#include <random>
 #include <vector>
 
 #include "vellum/matrix.h"
@@ -81,6 +85,16 @@ const DeviceMember kDeviceMembers[] = {
          int count = 0;
          m.XfmPolyPts(1, &count, &p, &out);
          return out;
+     }},
+    {"XfmPolySetPts",
+     [](Mtx2D& m, const DblPt& p) {
+         real_pt_t in{p.x, p.y};
+         int_pt_t out{7, 7};
+         uint32_t codes[] = {0, 0};
+         const DrwPSetT inSet{1, &in, &codes[0]};
+         DrwDPSetT outSet{0, &out, &codes[1]};
+         m.XfmPolySetPts(&inSet, &outSet);
+         return IntPt(out.x, out.y);
      }},
 };
 
@@ -193,6 +207,59 @@ TEST(Mtx2DPoints, EachTypeTakesItsPath) {
     }
 }
 
+void ExpectFixedAndShortPoint(Mtx2D m, const DblPt& p, int32_t x, int32_t y) {
+    int_pt_t record{7, 7};
+    m.XfmFPts(1, &p, &record);
+    EXPECT_TRUE(IsAt(record, 8 * x, 8 * y));
+    IntPt point(7, 7);
+    m.XfmFPts(1, &p, &point);
+    EXPECT_TRUE(IsAt(point, 8 * x, 8 * y));
+    short_pt_t shortPoint{7, 7};
+    m.XfmSPts(1, &p, &shortPoint);
+    EXPECT_TRUE(IsAt(shortPoint, x, y));
+}
+
+TEST(Mtx2DPoints, FixedAndShortOutputsGoByTheTypeToo) {
+    Mtx2D m = General();
+    ExpectFixedAndShortPoint(m, DblPt(10, 100), 520, 730);
+    m.type = Vellum::Mtx2DAxisAligned;
+    ExpectFixedAndShortPoint(m, DblPt(10, 100), 20, 700);
+    m.type = Vellum::Mtx2DAxisSwapped;
+    ExpectFixedAndShortPoint(m, DblPt(10, 100), 500, 30);
+    m.type = Vellum::Mtx2DIdentity;
+    ExpectFixedAndShortPoint(m, DblPt(10, 100), 520, 730);
+}
+
+// The members for one point and those for arrays are implemented apart.
+TEST(Mtx2DPoints, EveryMemberGivesTheSameBits) {
+    std::mt19937 engine(1);
+    std::uniform_real_distribution<double> coordinate(-5000, 5000);
+    std::vector<DblPt> in(203);
+    for (DblPt& p : in) {
+        const double x = coordinate(engine);
+        p.Set(x, coordinate(engine));
+    }
+    const int n = static_cast<int>(in.size());
+    Mtx2D m = MatrixOf(0.7, 0.3, -1.1, 1.9, 0.1, -0.9);
+    for (const int32_t type : {0, 1, 2, 3}) {
+        m.type = type;
+        std::vector<DblPt> model(in.size());
+        m.RealXfmPts(n, in.data(), model.data());
+        std::vector<IntPt> device(in.size());
+        m.XfmPts(n, in.data(), device.data());
+        for (size_t i = 0; i < in.size(); ++i) {
+            for (const ModelMember& member : kModelMembers) {
+                const DblPt p = member.map(m, in[i]);
+                EXPECT_EQ(std::memcmp(&p.x, &model[i].x, sizeof p.x), 0) << member.name << ", type " << type;
+                EXPECT_EQ(std::memcmp(&p.y, &model[i].y, sizeof p.y), 0) << member.name << ", type " << type;
+            }
+            for (const DeviceMember& member : kDeviceMembers) {
+                EXPECT_TRUE(IsAt(member.map(m, in[i]), device[i].x, device[i].y)) << member.name << ", type " << type;
+            }
+        }
+    }
+}
+
 // (1 + 2^53) - 2^53 is 0, where 1 + (2^53 - 2^53) would be 1.
 TEST(Mtx2DPoints, TranslationIsAddedLast) {
     constexpr double kTwoTo53 = 9007199254740992.0;
@@ -230,6 +297,15 @@ TEST(Mtx2DPoints, RoundsHalfAwayFromZero) {
         ExpectDevicePoint(m, DblPt(0.49999999999999994, -0.49999999999999994), 1, -1);
         ExpectDevicePoint(m, DblPt(4e-320, -4e-320), 0, 0);
     }
+}
+
+TEST(Mtx2DPoints, ExchangedCoordinatesRoundTheSameWay) {
+    const Mtx2D m = MatrixOf(0, 1, 1, 0, 0, 0);
+    ASSERT_EQ(m.type, Vellum::Mtx2DAxisSwapped);
+    ExpectDevicePoint(m, DblPt(-2.5, 2.5), 3, -3);
+    ExpectDevicePoint(m, DblPt(2.4999, -2.4999), -2, 2);
+    ExpectDevicePoint(m, DblPt(0.49999999999999994, -0.49999999999999994), -1, 1);
+    ExpectDevicePoint(m, DblPt(3e9, 0), 0, kIndefinite);
 }
 
 TEST(Mtx2DPoints, WhatDoesNotFitIsIndefinite) {
@@ -420,7 +496,11 @@ TEST(Mtx2DPoints, NaNNeverEntersTheExtents) {
     EXPECT_TRUE(std::isnan(points[0].x));
 
     std::vector<DblPt> nothingElse(9, DblPt(kNaN, kNaN));
-    EXPECT_EQ(MapInPlace(Mtx2D(), nothingElse).xMin, kLargestSingle);
+    const Extents none = MapInPlace(Mtx2D(), nothingElse);
+    EXPECT_EQ(none.xMin, kLargestSingle);
+    EXPECT_EQ(none.yMin, kLargestSingle);
+    EXPECT_EQ(none.xMax, -kLargestSingle);
+    EXPECT_EQ(none.yMax, -kLargestSingle);
 }
 
 TEST(Mtx2DPoints, ExtentsBeyondSinglePrecisionKeepTheirStart) {
@@ -435,12 +515,18 @@ TEST(Mtx2DPoints, ExtentsBeyondSinglePrecisionKeepTheirStart) {
 TEST(Mtx2DPoints, SecondZeroDoesNotReplaceTheFirst) {
     Mtx2D m;
     m.dx = m.dy = -0.0;
-    std::vector<DblPt> points(20, DblPt(1, 1));
-    points[3] = DblPt(-0.0, 0.0);
-    points[10] = DblPt(0.0, -0.0);
-    const Extents e = MapInPlace(m, points);
-    EXPECT_TRUE(std::signbit(e.xMin));
-    EXPECT_FALSE(std::signbit(e.yMin));
+    const auto extentsOfZerosAmong = [&m](double others) {
+        std::vector<DblPt> points(20, DblPt(others, others));
+        points[3] = DblPt(-0.0, 0.0);
+        points[10] = DblPt(0.0, -0.0);
+        return MapInPlace(m, points);
+    };
+    const Extents above = extentsOfZerosAmong(1);
+    EXPECT_TRUE(std::signbit(above.xMin));
+    EXPECT_FALSE(std::signbit(above.yMin));
+    const Extents below = extentsOfZerosAmong(-1);
+    EXPECT_TRUE(below.xMax == 0 && std::signbit(below.xMax));
+    EXPECT_TRUE(below.yMax == 0 && !std::signbit(below.yMax));
 }
 
 }  // namespace

@@ -2,7 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdint>
+#include <initializer_list>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "vellum/matrix.h"
@@ -199,6 +202,16 @@ TEST(Mtx2DPolygons, DeviceSetOfAnyOtherMatrixLeavesTheCodes) {
         EXPECT_EQ(r.count, 4);
         EXPECT_EQ(r.codes, std::vector<uint32_t>(5, kUnwritten));
     }
+}
+
+TEST(Mtx2DPolygons, DeviceSetOfEveryTypeHasItsImages) {
+    const auto imageUnder = [](const Mtx2D& m) {
+        return MapDeviceSet(m, {{1, 2}, {1.2, 2.2}, {3, 4}}, {0, 0, 2}).points;
+    };
+    EXPECT_EQ(imageUnder(MatrixOf(2, 0, 0, -3, 0, 1)), (Coordinates{{2, -5}, {2, -6}, {6, -11}}));
+    EXPECT_EQ(imageUnder(QuarterTurn()), (Coordinates{{-2, 1}, {-4, 3}, kNothing}));
+    EXPECT_EQ(imageUnder(MatrixOf(1, 1, -1, 1, 0, 0)), (Coordinates{{-1, 3}, {-1, 7}, kNothing}));
+    EXPECT_EQ(imageUnder(MarkedIdentity()), (Coordinates{{1, 2}, {3, 4}, kNothing}));
 }
 
 // Such a set needs no codes at all.

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 #include "vellum/matrix.h"
 #include "vellum/rectangles.h"
@@ -12,6 +13,8 @@ namespace {
 using Vellum::AlignedDblRect;
 using Vellum::Mtx2D;
 using xfm_tests::MatrixOf;
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 /// Whether a rectangle is the box from (left, bottom) to (right, top) with its corners in order.
 template <class Rect>
@@ -48,7 +51,8 @@ Mtx2D Turned45() {
     return m;
 }
 
-real_rect_t RealImage(Mtx2D m, const real_rect_t& in) {
+template <class Rect>
+real_rect_t RealImage(Mtx2D m, const Rect& in) {
     real_rect_t out{};
     m.XfmRect(&in, &out);
     return out;
@@ -65,14 +69,33 @@ TEST(Mtx2DRectangles, TurnedSquareGivesItsBoundingBox) {
 }
 
 TEST(Mtx2DRectangles, EveryTypeOfMatrix) {
-    const real_rect_t in{{1, 10}, {1, 20}, {3, 20}, {3, 10}};
-    EXPECT_TRUE(IsBox(RealImage(MatrixOf(2, 0, 0, -3, 0.5, 0), in), 2.5, -60, 6.5, -30));
-    EXPECT_TRUE(IsBox(RealImage(MatrixOf(0, 1, -1, 0, 0.5, 0), in), -19.5, 1, -9.5, 3));
-    EXPECT_TRUE(IsBox(RealImage(MatrixOf(1, 1, -1, 1, 0.5, 0), in), -18.5, 11, -6.5, 23));
     Mtx2D marked;
     marked.SetIdentity();
     marked.Translate(1, 2);
-    EXPECT_TRUE(IsBox(RealImage(marked, in), 2, 12, 4, 22));
+    const struct {
+        Mtx2D m;
+        double model[4];
+        int device[4];
+    } expectations[] = {{MatrixOf(2, 0, 0, -3, 0.5, 0), {2.5, -60, 6.5, -30}, {3, -60, 7, -30}},
+                        {MatrixOf(0, 1, -1, 0, 0.5, 0), {-19.5, 1, -9.5, 3}, {-20, 1, -10, 3}},
+                        {MatrixOf(1, 1, -1, 1, 0.5, 0), {-18.5, 11, -6.5, 23}, {-19, 11, -7, 23}},
+                        {marked, {2, 12, 4, 22}, {2, 12, 4, 22}}};
+    const real_rect_t in{{1, 10}, {1, 20}, {3, 20}, {3, 10}};
+    const int_rect_t intIn{{1, 10}, {1, 20}, {3, 20}, {3, 10}};
+    for (const auto& [m, model, device] : expectations) {
+        SCOPED_TRACE(testing::Message() << "type " << m.type);
+        EXPECT_TRUE(IsBox(RealImage(m, in), model[0], model[1], model[2], model[3]));
+        EXPECT_TRUE(IsBox(RealImage(m, intIn), model[0], model[1], model[2], model[3]));
+        EXPECT_TRUE(IsBox(DeviceImage(m, in), device[0], device[1], device[2], device[3]));
+    }
+}
+
+TEST(Mtx2DRectangles, OnlyANaNInTheFirstCornerStays) {
+    const real_rect_t first = RealImage(Mtx2D(), real_rect_t{{kNaN, 0}, {0, 1}, {1, 1}, {1, 0}});
+    EXPECT_TRUE(std::isnan(first.ll.x) && std::isnan(first.ur.x));
+    EXPECT_EQ(first.ll.y, 0.0);
+    EXPECT_EQ(first.ur.y, 1.0);
+    EXPECT_TRUE(IsBox(RealImage(Mtx2D(), real_rect_t{{0, 0}, {0, 1}, {kNaN, 1}, {1, 0}}), 0, 0, 1, 1));
 }
 
 TEST(Mtx2DRectangles, AllFourCornersCount) {

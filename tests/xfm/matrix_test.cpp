@@ -5,6 +5,8 @@
 
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
+#include <initializer_list>
 #include <limits>
 #include <type_traits>
 
@@ -21,6 +23,12 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kPi = 3.141592653589793;
 constexpr double kClose = 1e-15;
+
+/// Their product 1 - 2^-60 rounds to 1, and only a fused operation keeps what is left.
+constexpr double kAboveOne = 1 + 1.0 / (1 << 30);
+constexpr double kBelowOne = 1 - 1.0 / (1 << 30);
+
+constexpr double kTwoTo53 = 9007199254740992.0;
 
 static_assert(sizeof(Mtx2D) == 56);
 static_assert(offsetof(Mtx2D, m11) == 0 && offsetof(Mtx2D, m12) == 8);
@@ -144,6 +152,8 @@ TEST(Mtx2D, DeterminantAndOrientation) {
     EXPECT_FALSE(Mtx2D().ReversesOrientation());
     EXPECT_FALSE(MatrixOf(1, 2, 2, 4, 0, 0).ReversesOrientation());
     EXPECT_FALSE(MatrixOf(kNaN, 0, 0, 1, 0, 0).ReversesOrientation());
+    EXPECT_EQ(MatrixOf(kAboveOne, 1, 1, kBelowOne, 0, 0).GetDeterminant(), 0.0);
+    EXPECT_EQ(MatrixOf(1, kAboveOne, kBelowOne, 1, 0, 0).GetDeterminant(), 0.0);
 }
 
 TEST(Mtx2D, DiffersWhereAnElementDoes) {
@@ -164,7 +174,10 @@ TEST(Mtx2D, DiffersWhereAnElementDoes) {
 TEST(Mtx2D, ElementsAndTranslation) {
     double e[6];
     Sample().GetElements(&e[0], &e[1], &e[2], &e[3], &e[4], &e[5]);
-    EXPECT_TRUE(HasElements(Sample(), e[0], e[1], e[2], e[3], e[4], e[5]));
+    const double expected[] = {2, 3, 5, 7, 11, 13};
+    for (size_t k = 0; k < 6; ++k) {
+        EXPECT_EQ(e[k], expected[k]) << k;
+    }
     double tx = 0;
     double ty = 0;
     Sample().GetTranslation(tx, ty);
@@ -175,6 +188,9 @@ TEST(Mtx2D, ElementsAndTranslation) {
 TEST(Mtx2D, ScaleIsTheLengthOfTheFirstRow) {
     EXPECT_EQ(MatrixOf(3, 4, 100, 200, 0, 0).GetScale(), 5.0);
     EXPECT_EQ(MatrixOf(-2, 0, 0, 7, 0, 0).GetScale(), 2.0);
+    // The squares overflow and vanish; nothing is rescaled to save them.
+    EXPECT_EQ(MatrixOf(1e200, 0, 0, 1, 0, 0).GetScale(), kInfinity);
+    EXPECT_EQ(MatrixOf(1e-200, 0, 0, 1, 0, 0).GetScale(), 0.0);
 }
 
 TEST(Mtx2D, RotationLosesItsSign) {
@@ -201,6 +217,8 @@ TEST(Mtx2D, OrientationKeepsTheSign) {
     MatrixOf(-1, 0, 0, 1, 0, 0).GetOrientation(&angle, &mirror);
     EXPECT_EQ(angle, kPi);
     EXPECT_EQ(mirror, 0);
+    MatrixOf(-1, -0.0, 0, 1, 0, 0).GetOrientation(&angle, &mirror);
+    EXPECT_EQ(angle, -kPi);
 }
 
 TEST(Mtx2D, TranslateComesAfter) {
@@ -270,8 +288,50 @@ TEST(Mtx2D, OtherAnglesLeaveResidues) {
     Mtx2D twoTurns;
     twoTurns.Rotate(720, 2);
     EXPECT_EQ(twoTurns.m12, std::sin(360 * 0.017453292519943295));
-    EXPECT_NE(twoTurns.m12, 0.0);
-    EXPECT_TRUE(HasElements(twoTurns, 1, 0, 0, 1, 0, 0, 1e-12));
+    EXPECT_NEAR(twoTurns.m12, -2.4492935982947064e-16, 1e-30);
+    EXPECT_NEAR(twoTurns.m21, 2.4492935982947064e-16, 1e-30);
+    EXPECT_EQ(twoTurns.m11, 1.0);
+    EXPECT_EQ(twoTurns.m22, 1.0);
+
+    Mtx2D back;
+    back.Rotate(-90, 2);
+    EXPECT_NEAR(back.m11, 6.123233995736766e-17, 1e-30);
+    EXPECT_EQ(back.m12, -1.0);
+    EXPECT_EQ(back.m21, 1.0);
+}
+
+TEST(Mtx2D, RotationTurnsTheTranslation) {
+    Mtx2D m;
+    m.Translate(11, 13);
+    m.Rotate(30, 2);
+    EXPECT_NEAR(m.m11, 0.8660254037844387, kClose);
+    EXPECT_NEAR(m.m12, 0.5, kClose);
+    EXPECT_NEAR(m.dx, 3.0262794416288274, kClose);
+    EXPECT_NEAR(m.dy, 16.758330249197702, kClose);
+}
+
+// The two products are equal and not exact: a fused operation would leave what one of them was rounded by.
+TEST(Mtx2D, RotationFusesNothing) {
+    const double s = std::sin(30 * 0.017453292519943295);
+    const double c = std::cos(30 * 0.017453292519943295);
+    Mtx2D differences = MatrixOf(s, c, s, c, s, c);
+    differences.Rotate(30, 2);
+    EXPECT_EQ(differences.m11, 0.0);
+    EXPECT_EQ(differences.m21, 0.0);
+    EXPECT_EQ(differences.dx, 0.0);
+    Mtx2D sums = MatrixOf(-c, s, -c, s, -c, s);
+    sums.Rotate(30, 2);
+    EXPECT_EQ(sums.m12, 0.0);
+    EXPECT_EQ(sums.m22, 0.0);
+    EXPECT_EQ(sums.dy, 0.0);
+    Mtx2D sourceSums = MatrixOf(s, s, -c, -c, 0, 0);
+    sourceSums.Rotate(30, 1);
+    EXPECT_EQ(sourceSums.m11, 0.0);
+    EXPECT_EQ(sourceSums.m12, 0.0);
+    Mtx2D sourceDifferences = MatrixOf(c, c, s, s, 0, 0);
+    sourceDifferences.Rotate(30, 1);
+    EXPECT_EQ(sourceDifferences.m21, 0.0);
+    EXPECT_EQ(sourceDifferences.m22, 0.0);
 }
 
 TEST(Mtx2D, RotateInTheSourceSpace) {
@@ -370,16 +430,27 @@ TEST(Mtx2D, OrientTwiceIsNone) {
 }
 
 TEST(Mtx2D, OrientAlwaysClassifies) {
-    for (const int32_t code : {0, 9, -1}) {
+    const struct {
+        int32_t orient;
+        int32_t type;
+    } expectations[] = {{-1, 0}, {0, 0}, {1, 1}, {2, 0}, {3, 1}, {4, 0}, {5, 0}, {6, 1}, {7, 1}, {8, 0}, {9, 0}};
+    for (const auto& [orient, type] : expectations) {
         Mtx2D m;
         m.SetIdentity();
-        m.Orient(static_cast<Mtx2DOrient>(code));
-        EXPECT_TRUE(HasElements(m, 1, 0, 0, 1, 0, 0)) << code;
-        EXPECT_EQ(m.type, Vellum::Mtx2DAxisAligned) << code;
+        m.Orient(static_cast<Mtx2DOrient>(orient));
+        EXPECT_EQ(m.type, type) << orient;
     }
-    Mtx2D turned;
-    turned.Orient(Vellum::Mtx2DOrientRot90MirrorX);
-    EXPECT_EQ(turned.type, Vellum::Mtx2DAxisSwapped);
+}
+
+TEST(Mtx2D, OrientByNoCodeChangesNoElement) {
+    for (const int32_t code : {-1, 8, 9}) {
+        Mtx2D m = Sample();
+        m.type = Vellum::Mtx2DIdentity;
+        m.Orient(static_cast<Mtx2DOrient>(code));
+        EXPECT_TRUE(HasElements(m, 2, 3, 5, 7, 11, 13)) << code;
+        EXPECT_EQ(m.mirror, 1) << code;
+        EXPECT_EQ(m.type, Vellum::Mtx2DGeneral) << code;
+    }
 }
 
 TEST(Mtx2D, SetXfmBuildsFromNothing) {
@@ -399,6 +470,7 @@ TEST(Mtx2D, SetXfmBuildsFromNothing) {
     EXPECT_TRUE(HasElements(flipped, 2, 0, 0, -2, 3, 4));
     EXPECT_EQ(flipped.mirror, 1);
     EXPECT_EQ(flipped.type, Vellum::Mtx2DAxisAligned);
+    EXPECT_EQ(Mtx2D(0, 0, Vellum::Mtx2DOrientMirrorX, 2, 2, 3, 4).mirror, 1);
 }
 
 TEST(Mtx2D, SetXfmGivesPositiveZeroForAZeroOrigin) {
@@ -428,6 +500,23 @@ TEST(Mtx2D, CompositionAppliesTheLeftOneFirst) {
     Mtx2D pre = b;
     EXPECT_EQ(&pre.Premult(a), &pre);
     EXPECT_TRUE(isProduct(pre));
+}
+
+// (1 + 2^53) - 2^53 is 0, where 1 + (2^53 - 2^53) would be 1.
+TEST(Mtx2D, CompositionAddsTheTranslationLast) {
+    const Mtx2D b = MatrixOf(1, 1, 1, 1, -kTwoTo53, -kTwoTo53);
+    const Mtx2D product = MatrixOf(1, 0, 0, 1, 1, kTwoTo53) * b;
+    EXPECT_EQ(product.dx, 0.0);
+    EXPECT_EQ(product.dy, 0.0);
+}
+
+TEST(Mtx2D, CompositionFusesNothing) {
+    const Mtx2D one =
+        MatrixOf(kAboveOne, -1, kAboveOne, -1, kAboveOne, -1) * MatrixOf(kBelowOne, kBelowOne, 1, 1, 0, 0);
+    EXPECT_TRUE(HasElements(one, 0, 0, 0, 0, 0, 0));
+    const Mtx2D other =
+        MatrixOf(-1, kAboveOne, -1, kAboveOne, -1, kAboveOne) * MatrixOf(1, 1, kBelowOne, kBelowOne, 0, 0);
+    EXPECT_TRUE(HasElements(other, 0, 0, 0, 0, 0, 0));
 }
 
 TEST(Mtx2D, CompositionClassifies) {
@@ -466,6 +555,26 @@ TEST(Mtx2D, InverseTakesPointsBack) {
     Mtx2D quarter;
     quarter.Rotate(90, 2);
     EXPECT_EQ(quarter.Invert().type, Vellum::Mtx2DAxisSwapped);
+}
+
+// None of these quotients is what a product with the rounded 1 / 7 would give, except 8 / 7 and 22 / 7.
+TEST(Mtx2D, InverseDividesEachElement) {
+    const Mtx2D inverse = MatrixOf(18, 5, 31, 9, 2, 1).Invert();
+    EXPECT_TRUE(HasElements(inverse, 1.2857142857142858, -0.7142857142857143, -4.428571428571429, 2.5714285714285716,
+                            1.8571428571428572, -1.1428571428571428));
+    const Mtx2D moved = MatrixOf(18, 5, 31, 9, 1, 1).Invert();
+    EXPECT_EQ(moved.dx, 3.142857142857143);
+    EXPECT_EQ(moved.dy, -1.8571428571428572);
+    EXPECT_EQ(MatrixOf(kAboveOne, 1, 1, kBelowOne, 0, 0).Invert().m11, kInfinity);
+}
+
+TEST(Mtx2D, InverseOfTheIdentityHasNegativeZeros) {
+    const Mtx2D inverse = Mtx2D().Invert();
+    EXPECT_TRUE(HasElements(inverse, 1, 0, 0, 1, 0, 0));
+    EXPECT_TRUE(std::signbit(inverse.m12));
+    EXPECT_TRUE(std::signbit(inverse.m21));
+    EXPECT_FALSE(std::signbit(inverse.dx));
+    EXPECT_TRUE(std::signbit(inverse.dy));
 }
 
 TEST(Mtx2D, SingularMatrixInvertsWithoutComplaint) {
@@ -521,6 +630,12 @@ TEST(Mtx2D, OtherRotationsDoNotSnap) {
     EXPECT_NEAR(RotationOf(-30), 330.0, 1e-9);
 }
 
+TEST(Mtx2D, BoundsOfTheSnappingAreOutsideIt) {
+    for (const double degrees : {89.9, 90.1, 269.9, 270.1}) {
+        EXPECT_EQ(RotationOf(degrees), degrees);
+    }
+}
+
 TEST(Mtx2D, MirrorIsReportedBesideTheRotation) {
     Mtx2D m;
     m.ReflectInX();
@@ -565,6 +680,18 @@ TEST(Mtx2D, QuarterTurnCodesHaveNoTolerance) {
     for (const auto& [u, v, orient] : expectations) {
         // The second row is the first one turned by a quarter, so that nothing is mirrored.
         const Mtx2D m = MatrixOf(u, v, -v, u, 0, 0);
+        EXPECT_EQ(OrientationAndXMirrorOf(m), (MirrorAndOrient{false, orient})) << u << " " << v;
+        EXPECT_EQ(XMirrorAndOrientationOf(m), (MirrorAndOrient{false, orient})) << u << " " << v;
+    }
+}
+
+TEST(Mtx2D, QuarterTurnCodesOfNaN) {
+    const struct {
+        double u, v;
+        int orient;
+    } expectations[] = {{kNaN, 0, -1}, {kNaN, 1, 1}, {kNaN, -1, 3}, {1, kNaN, 3}, {0, kNaN, 3}, {kNaN, kNaN, 3}};
+    for (const auto& [u, v, orient] : expectations) {
+        const Mtx2D m = MatrixOf(u, v, 1, 1, 0, 0);
         EXPECT_EQ(OrientationAndXMirrorOf(m), (MirrorAndOrient{false, orient})) << u << " " << v;
         EXPECT_EQ(XMirrorAndOrientationOf(m), (MirrorAndOrient{false, orient})) << u << " " << v;
     }

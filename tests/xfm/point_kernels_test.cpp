@@ -10,7 +10,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <iterator>
 #include <limits>
+#include <ostream>
 #include <random>
 #include <string>
 #include <vector>
@@ -66,7 +71,7 @@ bool SameBits(double a, double b) {
 constexpr unsigned char kUntouched = 0xA5;
 constexpr size_t kMargin = 256;
 
-/// An array for the output of a kernel, `offset` numbers after a boundary of 64 bytes, between margins that must not
+/// An array that a kernel writes or reads, `offset` numbers after a boundary of 64 bytes, between margins that must not
 /// change.
 template <class Number>
 class GuardedArray {
@@ -119,6 +124,18 @@ private:
     size_t start;
 };
 
+/// Where the output of a kernel stands and where its input does, in numbers after a boundary of 64 bytes.
+struct Offsets {
+    size_t out;
+    size_t in = 0;
+};
+
+GuardedArray<double> ArrayOf(const std::vector<real_pt_t>& points, size_t offset) {
+    GuardedArray<double> array(2 * points.size(), offset);
+    std::copy_n(Numbers(points.data()), 2 * points.size(), array.Data());
+    return array;
+}
+
 class PointKernelsTest : public testing::TestWithParam<Tier> {
 protected:
     void SetUp() override {
@@ -128,24 +145,24 @@ protected:
     static const ClassKernels& Kernels(const Mtx2D& m) { return GetParam().kernels->ForType(m.type); }
 
     void CheckAll(const Mtx2D& m, const std::vector<real_pt_t>& points, const std::vector<uint32_t>& codes,
-                  size_t offset) const {
-        SCOPED_TRACE(testing::Message() << "type " << m.type << ", " << points.size() << " points, offset " << offset);
-        CheckArrays(m, points, offset);
-        CheckInPlace(m, points);
-        CheckPolygons(m, points, codes, offset);
+                  const Offsets& at) const {
+        SCOPED_TRACE(testing::Message() << "type " << m.type << ", " << points.size() << " points, output offset "
+                                        << at.out << ", input offset " << at.in);
+        CheckArrays(m, points, at);
+        CheckInPlace(m, points, at.out);
+        CheckPolygons(m, points, codes, at);
     }
 
-    void CheckArrays(const Mtx2D& m, const std::vector<real_pt_t>& points, size_t offset) const {
-        CheckArray<double>(Kernels(m).toModel, m, points, reference::ToModel(m, points), offset);
-        CheckArray<int32_t>(Kernels(m).toDevice, m, points, reference::ToDevice(m, points), offset);
-        CheckArray<int32_t>(Kernels(m).toEighths, m, points, reference::ToEighths(m, points), offset);
-        CheckArray<int16_t>(Kernels(m).toShort, m, points, reference::ToShort(m, points), offset);
+    void CheckArrays(const Mtx2D& m, const std::vector<real_pt_t>& points, const Offsets& at) const {
+        CheckArray<double>(Kernels(m).toModel, m, points, reference::ToModel(m, points), at);
+        CheckArray<int32_t>(Kernels(m).toDevice, m, points, reference::ToDevice(m, points), at);
+        CheckArray<int32_t>(Kernels(m).toEighths, m, points, reference::ToEighths(m, points), at);
+        CheckArray<int16_t>(Kernels(m).toShort, m, points, reference::ToShort(m, points), at);
     }
 
-    void CheckInPlace(const Mtx2D& m, const std::vector<real_pt_t>& points) const {
+    void CheckInPlace(const Mtx2D& m, const std::vector<real_pt_t>& points, size_t offset) const {
         const std::vector<real_pt_t> expected = reference::ToModel(m, points);
-        GuardedArray<double> array(2 * points.size(), 1);
-        std::copy_n(Numbers(points.data()), 2 * points.size(), array.Data());
+        GuardedArray<double> array = ArrayOf(points, offset);
         const Extents extents = Kernels(m).inPlace(m, static_cast<int>(points.size()), array.Data());
         EXPECT_TRUE(array.Holds(expected));
         const reference::Box box = reference::ExtentsOf(expected);
@@ -156,35 +173,37 @@ protected:
     }
 
     void CheckPolygons(const Mtx2D& m, const std::vector<real_pt_t>& points, const std::vector<uint32_t>& codes,
-                       size_t offset) const {
+                       const Offsets& at) const {
         CheckPolygon<double>(Kernels(m).polygonToModel, m, points, codes, reference::PolygonToModel(m, points, codes),
-                             offset);
+                             at);
         CheckPolygon<int32_t>(Kernels(m).polygonToDevice, m, points, codes,
-                              reference::PolygonToDevice(m, points, codes), offset);
+                              reference::PolygonToDevice(m, points, codes), at);
     }
 
     template <class Number, class Kernel, class Point>
     static void CheckArray(Kernel kernel, const Mtx2D& m, const std::vector<real_pt_t>& points,
-                           const std::vector<Point>& expected, size_t offset) {
-        GuardedArray<Number> out(2 * points.size(), offset);
-        kernel(m, static_cast<int>(points.size()), Numbers(points.data()), out.Data());
+                           const std::vector<Point>& expected, const Offsets& at) {
+        GuardedArray<double> in = ArrayOf(points, at.in);
+        GuardedArray<Number> out(2 * points.size(), at.out);
+        kernel(m, static_cast<int>(points.size()), in.Data(), out.Data());
         EXPECT_TRUE(out.Holds(expected));
     }
 
     template <class Number, class Kernel, class Point>
     static void CheckPolygon(Kernel kernel, const Mtx2D& m, const std::vector<real_pt_t>& points,
                              const std::vector<uint32_t>& codes, const reference::Polygon<Point>& expected,
-                             size_t offset) {
+                             const Offsets& at) {
         const int n = static_cast<int>(points.size());
-        GuardedArray<Number> out(2 * points.size(), offset);
-        GuardedArray<uint32_t> outCodes(points.size(), offset);
-        const int count = kernel(m, n, Numbers(points.data()), out.Data(), {codes.data(), outCodes.Data()});
+        GuardedArray<double> in = ArrayOf(points, at.in);
+        GuardedArray<Number> out(2 * points.size(), at.out);
+        GuardedArray<uint32_t> outCodes(points.size(), at.out);
+        const int count = kernel(m, n, in.Data(), out.Data(), {codes.data(), outCodes.Data()});
         EXPECT_EQ(size_t(count), expected.points.size());
         EXPECT_TRUE(out.Holds(expected.points));
         EXPECT_TRUE(outCodes.Holds(expected.codes));
 
-        GuardedArray<Number> outWithoutCodes(2 * points.size(), offset);
-        const int same = kernel(m, n, Numbers(points.data()), outWithoutCodes.Data(), {});
+        GuardedArray<Number> outWithoutCodes(2 * points.size(), at.out);
+        const int same = kernel(m, n, in.Data(), outWithoutCodes.Data(), {});
         EXPECT_EQ(same, count);
         EXPECT_TRUE(outWithoutCodes.Holds(expected.points));
     }
@@ -275,7 +294,7 @@ TEST_P(PointKernelsTest, AllSmallCounts) {
         SCOPED_TRACE(testing::Message() << "source " << int(source));
         for (uint32_t count = 0; count <= 70; ++count) {
             for (const Mtx2D& m : Matrices(1.0, 0.0, 0.0)) {
-                CheckAll(m, Points(source, count, count), Codes(count, count), count % 16);
+                CheckAll(m, Points(source, count, count), Codes(count, count), {count % 16});
             }
         }
     }
@@ -290,7 +309,7 @@ TEST_P(PointKernelsTest, ManyRandomInputs) {
         const double scale = std::ldexp(1.0, int(engine() % 7) - 4);
         const double tx = double(engine() % 64) / 8 - 4;
         for (const Mtx2D& m : Matrices(scale, tx, -tx)) {
-            CheckAll(m, Points(source, seed, count), Codes(seed, count), engine() % 16);
+            CheckAll(m, Points(source, seed, count), Codes(seed, count), {engine() % 16, engine() % 8});
         }
     }
 }
@@ -301,7 +320,7 @@ TEST_P(PointKernelsTest, CountsAboutTheBlockSize) {
         for (const size_t blocks : {size_t{1}, size_t{2}, size_t{3}}) {
             for (size_t count = blocks * kBlockPoints - 3; count <= blocks * kBlockPoints + 5; ++count) {
                 for (const Mtx2D& m : Matrices(0.01, 0.25, 0.25)) {
-                    CheckAll(m, Points(source, uint32_t(count), count), Codes(uint32_t(count), count), count % 16);
+                    CheckAll(m, Points(source, uint32_t(count), count), Codes(uint32_t(count), count), {count % 16});
                 }
             }
         }
@@ -319,7 +338,7 @@ TEST_P(PointKernelsTest, FewPointsOutOfManyBlocks) {
                     points.insert(points.end(), kBlockPoints + k, next);
                 }
                 for (const Mtx2D& m : Matrices(1.0, 0.0, 0.0)) {
-                    CheckPolygons(m, points, Codes(uint32_t(before), points.size()), 3);
+                    CheckPolygons(m, points, Codes(uint32_t(before), points.size()), {3});
                 }
             }
         }
@@ -328,8 +347,10 @@ TEST_P(PointKernelsTest, FewPointsOutOfManyBlocks) {
 
 TEST_P(PointKernelsTest, EveryAlignment) {
     for (const Mtx2D& m : Matrices(1.0, 0.0, 0.0)) {
-        for (size_t offset = 0; offset < 32; ++offset) {
-            CheckAll(m, Points(Source::Plane, 5, 53), Codes(5, 53), offset);
+        for (size_t out = 0; out < 32; ++out) {
+            for (size_t in = 0; in < 8; ++in) {
+                CheckAll(m, Points(Source::Plane, 5, 53), Codes(5, 53), {out, in});
+            }
         }
     }
 }
@@ -348,12 +369,12 @@ TEST_P(PointKernelsTest, StreamedPoints) {
             const Mtx2D& m = matrices[++offset % matrices.size()];
             const std::vector<real_pt_t> points = Points(Source::Plane, uint32_t(count), count);
             if (bytesPerPoint == sizeof(real_pt_t)) {
-                CheckArray<double>(Kernels(m).toModel, m, points, reference::ToModel(m, points), offset);
+                CheckArray<double>(Kernels(m).toModel, m, points, reference::ToModel(m, points), {offset});
             } else if (bytesPerPoint == sizeof(int_pt_t)) {
-                CheckArray<int32_t>(Kernels(m).toDevice, m, points, reference::ToDevice(m, points), offset);
-                CheckArray<int32_t>(Kernels(m).toEighths, m, points, reference::ToEighths(m, points), offset);
+                CheckArray<int32_t>(Kernels(m).toDevice, m, points, reference::ToDevice(m, points), {offset});
+                CheckArray<int32_t>(Kernels(m).toEighths, m, points, reference::ToEighths(m, points), {offset});
             } else {
-                CheckArray<int16_t>(Kernels(m).toShort, m, points, reference::ToShort(m, points), offset);
+                CheckArray<int16_t>(Kernels(m).toShort, m, points, reference::ToShort(m, points), {offset});
             }
         }
     }
@@ -366,7 +387,7 @@ TEST_P(PointKernelsTest, StreamedPolygons) {
         for (const size_t count : CountsAboutTheStreamingSize(bytesPerPoint)) {
             const Mtx2D& m = matrices[++offset % matrices.size()];
             const std::vector<real_pt_t> points = Points(Source::Plane, uint32_t(count), count);
-            CheckPolygons(m, points, Codes(uint32_t(count), count), offset);
+            CheckPolygons(m, points, Codes(uint32_t(count), count), {offset});
         }
     }
 }
@@ -379,7 +400,7 @@ TEST_P(PointKernelsTest, StreamedPolygonsThatCollapse) {
         for (size_t k = 0; k < kept; ++k) {
             points.resize((k + 1) * count / kept, real_pt_t{double(k % 2), 7});
         }
-        CheckPolygons(Mtx2D(), points, Codes(1, points.size()), kept);
+        CheckPolygons(Mtx2D(), points, Codes(1, points.size()), {kept});
     }
 }
 
@@ -422,7 +443,7 @@ TEST_P(PointKernelsTest, FirstZeroGivesTheSignOfABound) {
                 // Any transform adds something, and turns -0.0 to 0.0 unless what it adds is -0.0.
                 Mtx2D m;
                 m.dx = m.dy = -0.0;
-                CheckInPlace(m, points);
+                CheckInPlace(m, points, 1);
             }
         }
     }
