@@ -6,8 +6,8 @@
 
 namespace support {
 
-/// While one lives, allocations by operator new (library included) succeed `allowed` times and fail from then on. A test
-/// program that uses it compiles support/allocation_guard.cpp.
+/// While one lives, allocations by operator new (library included) succeed `allowed` times and fail from then on. A
+/// test program that uses it compiles support/allocation_guard.cpp.
 class AllocationGuard {
 public:
     explicit AllocationGuard(std::size_t allowed);
