@@ -173,6 +173,25 @@ TEST(ClipPolygonSetComplete, CodesFollowTheirEdges) {
     EXPECT_TRUE(Holds(out, SetOf({{0, 5, 1}, {10, 3, 0}, {10, 7, 3}})));
 }
 
+TEST(ClipPolygonSetComplete, PassesOverPointsThatAreNone) {
+    // A vertex on a side has them clipped side by side, where such a point would spoil its neighbours.
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double infinity = std::numeric_limits<double>::infinity();
+    for (const DblPt& none : {DblPt(nan, 4), DblPt(8, nan), DblPt(infinity, 4), DblPt(8, -infinity)}) {
+        EXPECT_TRUE(Holds(ClippedCompletely(PolygonOf({{0, 5}, {8, 2}, none, {8, 6}}), kSquare),
+                          PolygonOf({{0, 5}, {8, 2}, {8, 6}})));
+        EXPECT_TRUE(Holds(ClippedCompletely(PolygonOf({{5, 15}, {8, 10}, none, {12, 12}}), kDiamond),
+                          PolygonOf({{5, 15}, {8, 10}, {12, 12}})));
+    }
+}
+
+TEST(ClipPolygonSetComplete, OutlinesThatWindTwice) {
+    // Twice round, with the left edges at 6 and at 4: in the square there is 40 that is wound round twice and 20 that
+    // is wound round once. What comes out winds as often.
+    const PointSet in = PolygonOf({{4, -20}, {30, -20}, {30, 30}, {6, 30}, {6, -10}, {20, -10}, {20, 20}, {4, 20}});
+    EXPECT_NEAR(Area(ClippedCompletely(in, kSquare)), 100, 1e-12);
+}
+
 // ---- Triangles ----
 
 // All triangles of a grid: every way to touch the rectangle's sides and corners with vertices and edges.
@@ -300,16 +319,36 @@ TEST(ClipPolygonSetComplete, EdgesThroughCornersOfTurnedViews) {
         const DblPt& corner = view.GetPt(static_cast<unsigned>(random.Below(4)));
         const double angle = random.Within(0, 2 * std::numbers::pi);
         const DblPt along(std::cos(angle), std::sin(angle));
-        const double before = random.Within(0.1, 10);
-        const double after = random.Within(0.1, 10);
+        // The longer ones have the view between them and their third vertex, or beside them.
+        const double size = random.OneIn(2) ? 1 : 100;
+        const double before = size * random.Within(0.1, 10);
+        const double after = size * random.Within(0.1, 10);
         DblPt third;
-        third.x = random.Within(-9, 9);
-        third.y = random.Within(-9, 9);
+        third.x = size * random.Within(-9, 9);
+        third.y = size * random.Within(-9, 9);
         const PointSet triangle = PolygonOf({{corner.x - before * along.x, corner.y - before * along.y},
                                              {corner.x + after * along.x, corner.y + after * along.y},
                                              third});
-        ASSERT_TRUE(KeepsArea(triangle, view, 1e-9)) << "seed " << seed;
+        ASSERT_TRUE(KeepsArea(triangle, view, 1e-9 * size)) << "seed " << seed;
     }
+}
+
+// Of polygons that cross themselves this much is true: nothing of them comes out that is outside.
+TEST(ClipPolygonSetComplete, TanglesStayWithin) {
+    size_t points = 0;
+    for (uint64_t seed = 0; seed < 50000; ++seed) {
+        RandomNumbers random(seed);
+        const DblRect view = RandomView(0, random);
+        PointSet tangle;
+        for (size_t count = 3 + random.Below(10); count > 0; --count)
+            tangle.pts.push_back(RandomVertex(view, 0, random));
+        tangle.codes.assign(tangle.pts.size(), 0);
+        tangle.codes.back() = 2;
+        const PointSet out = ClippedCompletely(tangle, view);
+        ASSERT_GT(LeastDepthIn(view, out), -1e-9) << "seed " << seed;
+        points += out.pts.size();
+    }
+    EXPECT_GT(points, 100000u);
 }
 
 // ---- Maps ----

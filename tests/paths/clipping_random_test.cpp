@@ -21,7 +21,6 @@
 namespace {
 
 using paths_tests::AppendTo;
-using paths_tests::Box;
 using paths_tests::Clipped;
 using paths_tests::ClippedCompletely;
 using paths_tests::Corners;
@@ -215,7 +214,7 @@ public:
     explicit Scene(RandomNumbers& random) {
         constexpr double kDegrees[] = {0, 90, 180, 45, 1e-7, 30, 0, 123};
         degrees_ = random.OneOf(kDegrees);
-        constexpr double kScales[] = {1, 1, 1, 1e-5, 1e7};
+        constexpr double kScales[] = {1, 1, 1, 1, 1, 1e-5, 1e7, 1e-160, 1e150};
         const double scale = random.OneOf(kScales);
         halfWidth_ = scale * random.Within(0.1, 5);
         halfHeight_ = random.OneIn(8) ? halfWidth_ * 1e-6 : scale * random.Within(0.1, 5);
@@ -308,6 +307,34 @@ TEST(ClippingJourneys, ManySmallPolygons) {
         PointSet in;
         while (in.pts.size() < 300)
             AppendJourney(in, scene, 1 + random.Below(8), 15, random);
+        ASSERT_TRUE(IsClippedAsDefined(in, scene.Rectangle())) << "seed " << seed;
+    }
+}
+
+// Vertices on the lines of the sides, a few units in the last place off them, and about the corners: what rounding
+// makes of edges that are all but parallel to a side and end next to it.
+TEST(ClippingJourneys, AlongTheLinesOfTheSides) {
+    for (uint64_t seed = 0; seed < 30000; ++seed) {
+        RandomNumbers random(seed);
+        const Scene scene(random);
+        const auto onLine = [&random] {
+            const double sign = random.OneIn(2) ? 1 : -1;
+            return sign * (1 + random.Between(-4, 4) * 0x1p-52);
+        };
+        const auto alongIt = [&random] {
+            const double sign = random.OneIn(2) ? 1 : -1;
+            return random.OneIn(4) ? random.Within(-3, 3)
+                                   : sign * (1 + random.Between(-4, 4) * std::ldexp(1.0, -random.Between(1, 52)));
+        };
+        PointSet in;
+        double across = onLine();
+        double up = alongIt();
+        for (size_t count = 3 + random.Below(12); count > 0; --count) {
+            if (random.OneIn(3)) across = random.OneIn(3) ? onLine() : alongIt();
+            if (random.OneIn(2)) up = random.OneIn(4) ? onLine() : alongIt();
+            AppendPoint(in, scene.At(across, up), 0);
+        }
+        in.codes.back() = 2;
         ASSERT_TRUE(IsClippedAsDefined(in, scene.Rectangle())) << "seed " << seed;
     }
 }

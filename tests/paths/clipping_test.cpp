@@ -19,7 +19,6 @@ namespace {
 using paths_tests::AppendTo;
 using paths_tests::Box;
 using paths_tests::Clipped;
-using paths_tests::CodedPoint;
 using paths_tests::Corners;
 using paths_tests::Holds;
 using paths_tests::MaxPtsOf;

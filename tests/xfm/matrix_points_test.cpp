@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <bit>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <initializer_list>
 #include <limits>
 #include <random>
@@ -19,6 +19,8 @@ using Vellum::DblPt;
 using Vellum::IntPt;
 using Vellum::Mtx2D;
 using xfm_tests::MatrixOf;
+
+uint64_t BitsOf(double v) { return std::bit_cast<uint64_t>(v); }
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
@@ -250,8 +252,8 @@ TEST(Mtx2DPoints, EveryMemberGivesTheSameBits) {
         for (size_t i = 0; i < in.size(); ++i) {
             for (const ModelMember& member : kModelMembers) {
                 const DblPt p = member.map(m, in[i]);
-                EXPECT_EQ(std::memcmp(&p.x, &model[i].x, sizeof p.x), 0) << member.name << ", type " << type;
-                EXPECT_EQ(std::memcmp(&p.y, &model[i].y, sizeof p.y), 0) << member.name << ", type " << type;
+                EXPECT_EQ(BitsOf(p.x), BitsOf(model[i].x)) << member.name << ", type " << type;
+                EXPECT_EQ(BitsOf(p.y), BitsOf(model[i].y)) << member.name << ", type " << type;
             }
             for (const DeviceMember& member : kDeviceMembers) {
                 EXPECT_TRUE(IsAt(member.map(m, in[i]), device[i].x, device[i].y)) << member.name << ", type " << type;
