@@ -1,23 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <new>
 
+#include "shapes/winding_kernels.h"
 #include "vellum/geometry.h"
 #include "vellum/matrix.h"
 #include "vellum/rectangles.h"
 
 namespace Vellum {
 
-namespace {
-
-// What the edge from u to v adds to the winding number of (x, y). Both cross tests count a point on the edge.
-int WindingOfEdge(const DblPt& u, const DblPt& v, double x, double y) {
-    const double cross = (v.x - u.x) * (y - u.y) - (v.y - u.y) * (x - u.x);
-    if (u.y <= y && v.y > y) return cross >= 0.0 ? 1 : 0;
-    if (u.y > y && v.y <= y) return cross <= 0.0 ? -1 : 0;
-    return 0;
-}
-
-}  // namespace
+using internal::WindingOfEdge;
 
 void DblRect::Set(const DblPt& a, const DblPt& b) { *this = a > b ? DblRect(b, a) : DblRect(a, b); }
 

@@ -9,10 +9,12 @@ namespace {
 bool guarded = false;
 std::size_t allowance = 0;
 std::size_t requests = 0;
+std::size_t lastSize = 0;
 
 void* Allocate(std::size_t size) {
     if (guarded) {
         ++requests;
+        lastSize = size;
         if (allowance == 0) return nullptr;
         --allowance;
     }
@@ -26,12 +28,15 @@ namespace support {
 AllocationGuard::AllocationGuard(std::size_t allowed) {
     allowance = allowed;
     requests = 0;
+    lastSize = 0;
     guarded = true;
 }
 
 AllocationGuard::~AllocationGuard() { guarded = false; }
 
 std::size_t AllocationGuard::Requests() const { return requests; }
+
+std::size_t AllocationGuard::LastSize() const { return lastSize; }
 
 }  // namespace support
 

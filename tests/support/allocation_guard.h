@@ -17,6 +17,8 @@ public:
 
     /// How many allocations were asked for since the guard was made, failed ones included.
     std::size_t Requests() const;
+    /// The size of the last allocation asked for, in bytes.
+    std::size_t LastSize() const;
 };
 
 }  // namespace support
