@@ -8,28 +8,15 @@
 #include <string>
 #include <vector>
 
-#include "scratch_directory.h"
+#include "failure_checks.h"
 #include "tool_run.h"
 
 namespace {
 
-using Names = std::vector<std::string>;
-using tool_test::Outcome;
-using tool_test::RunTool;
 using tool_test::Sample;
 
-class DrawErrors : public testing::Test {
+class DrawErrors : public tool_test::FailureTest {
 protected:
-    /// Runs the tool with its output in the scratch directory, and expects it to fail.
-    void ExpectFailure(std::vector<std::string> arguments, const std::string& message) const {
-        const Names before = scratch.Names();
-        const Outcome outcome = RunTool(arguments);
-        EXPECT_EQ(outcome.status, 2);
-        EXPECT_EQ(outcome.out, "");
-        EXPECT_EQ(outcome.err, "vellum: " + message + "\n");
-        EXPECT_EQ(scratch.Names(), before);
-    }
-
     /// Draws a sample with further options, and expects that to fail.
     void ExpectRefused(std::vector<std::string> options, const std::string& message) const {
         options.insert(options.begin(), {"draw", Sample("countries-110m.geojson"), "-o", scratch.Path("a.png")});
@@ -41,8 +28,6 @@ protected:
         const std::string file = scratch.Write("map.geojson", text);
         ExpectFailure({"draw", file, "-o", scratch.Path("a.png")}, file + message);
     }
-
-    tool_test::ScratchDirectory scratch;
 };
 
 TEST_F(DrawErrors, Arguments) {

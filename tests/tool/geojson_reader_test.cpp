@@ -187,6 +187,33 @@ TEST(GeoJsonReader, ErrorsInTheStructure) {
               "map: geometries[0].type: unknown type \"Disc\"");
 }
 
+tool::Feature WithProperties(const std::string& properties) {
+    return Parse(R"({"type":"Feature","properties":)" + properties +
+                 R"(,"geometry":{"type":"Point","coordinates":[1,2]}})")
+        .features.at(0);
+}
+
+TEST(GeoJsonReader, TheNameMayBeWrittenInAnyCase) {
+    EXPECT_EQ(WithProperties(R"({"NAME":"Oslo"})").name, "Oslo");
+    EXPECT_EQ(WithProperties(R"({"Name":"Oslo"})").name, "Oslo");
+    EXPECT_EQ(WithProperties(R"({"NAME":"Paris","name":"Oslo"})").name, "Oslo");
+    EXPECT_EQ(WithProperties(R"({"NAME":"Oslo","name":7})").name, "Oslo");
+    EXPECT_EQ(WithProperties(R"({"names":"Oslo","nam":"Oslo","NAME":7})").name, "");
+}
+
+TEST(GeoJsonReader, FeaturesKnowTheirGeometrysType) {
+    const tool::Drawing drawing = Parse(
+        InCollection(AsFeature(Geometry("MultiPoint", "[[1,2]]")) + ',' + AsFeature("null") + ',' +
+                     AsFeature(Geometry("LineString", "[]")) + ',' +
+                     AsFeature(R"({"type":"GeometryCollection","geometries":[)" + Geometry("Point", "[3,4]") + "]}")));
+    ASSERT_EQ(drawing.features.size(), 4U);
+    EXPECT_EQ(drawing.features[0].type, "MultiPoint");
+    EXPECT_EQ(drawing.features[1].type, "");
+    EXPECT_EQ(drawing.features[2].type, "LineString");
+    EXPECT_EQ(drawing.features[3].type, "GeometryCollection");
+    EXPECT_EQ(Parse(Geometry("Point", "[1,2]")).features.at(0).type, "Point");
+}
+
 TEST(GeoJsonReader, ErrorsInCoordinates) {
     EXPECT_EQ(ErrorOf(InCollection(AsFeature("null") + ',' +
                                    AsFeature(Geometry("MultiPolygon", "[[[[0,0],[4,0],[4,\"4\"],[0,0]]]]")))),

@@ -2,6 +2,7 @@
 #include "canvas.h"
 
 #include <algorithm>
+#include <array>
 #include <numbers>
 #include <string>
 #include <utility>
@@ -22,9 +23,17 @@ constexpr double kOutlineWidth = 0.7;
 constexpr double kLineWidth = 1.3;
 constexpr double kPointRadius = 3.5;
 constexpr double kFrameWidth = 2.0;
+constexpr double kHaloWidth = 1.8;
+
+// The renderer's own: the same letters everywhere, and no font that a machine may lack.
+constexpr const char* kFont = "@cairo:";
 
 // How far an outline goes from the area's colour towards ink.
 constexpr double kOutlineInk = 0.55;
+
+// The eight directions in which a halo reaches.
+constexpr std::array<std::array<double, 2>, 8> kAround = {
+    {{1.0, 0.0}, {0.7, 0.7}, {0.0, 1.0}, {-0.7, 0.7}, {-1.0, 0.0}, {-0.7, -0.7}, {0.0, -1.0}, {0.7, -0.7}}};
 
 double Pixels(int32_t units) { return static_cast<double>(units) / kUnitsPerPixel; }
 
@@ -38,6 +47,15 @@ bool Touches(const DeviceBox& a, const DeviceBox& b) {
 
 DeviceBox Grown(const DeviceBox& box, int32_t margin) {
     return {box.left - margin, box.top - margin, box.right + margin, box.bottom + margin};
+}
+
+/// Letters keep their shape and place wherever the grid of pixels lies.
+void UseExactText(cairo_t* context) {
+    cairo_font_options_t* options = cairo_font_options_create();
+    cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
+    cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
+    cairo_set_font_options(context, options);
+    cairo_font_options_destroy(options);
 }
 
 }  // namespace
@@ -54,11 +72,17 @@ Canvas::Canvas(cairo_surface_t* surface, const PictureSize& size, const DeviceBo
     cairo_set_fill_rule(context_.get(), CAIRO_FILL_RULE_EVEN_ODD);
     cairo_set_line_join(context_.get(), CAIRO_LINE_JOIN_ROUND);
     cairo_set_line_cap(context_.get(), CAIRO_LINE_CAP_ROUND);
+    UseExactText(context_.get());
 }
 
 void Canvas::Background() {
     cairo_rectangle(context_.get(), 0.0, 0.0, size_.width, size_.height);
     Fill(kBackground);
+}
+
+void Canvas::Paper() {
+    cairo_rectangle(context_.get(), 0.0, 0.0, size_.width, size_.height);
+    Fill(kPaper);
 }
 
 void Canvas::Polygon(const DeviceGeometry::Polygon& rings, const Colour& colour) {
@@ -97,6 +121,52 @@ void Canvas::Frame() {
     cairo_rectangle(context_.get(), 0.0, 0.0, size_.width, size_.height);
     // Half of the stroke falls outside the picture.
     Stroke(kFrame, 2.0 * kFrameWidth);
+}
+
+void Canvas::Line(const DeviceGeometry::Points& line, const Pen& pen) {
+    StrokePath(line);
+    cairo_set_dash(context_.get(), &pen.dash, pen.dash > 0.0 ? 1 : 0, 0.0);
+    Stroke(pen.colour, pen.width);
+    cairo_set_dash(context_.get(), nullptr, 0, 0.0);
+}
+
+void Canvas::Dot(const Vellum::int_pt_t& point, double radius, const Colour& colour) {
+    if (!Touches(part_, BoxOf(point, point))) return;
+    cairo_arc(context_.get(), Pixels(point.x), Pixels(point.y), radius, 0.0, 2.0 * std::numbers::pi);
+    Fill(colour);
+}
+
+void Canvas::Text(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style) {
+    // No letter is wider or higher than the font's size.
+    const auto size = static_cast<int32_t>(style.size * kUnitsPerPixel);
+    const int32_t width = size * static_cast<int32_t>(text.size());
+    if (!Touches(part_, {point.x, point.y - size, point.x + width, point.y + size})) return;
+    cairo_select_font_face(context_.get(), kFont, CAIRO_FONT_SLANT_NORMAL,
+                           style.bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
+    cairo_set_font_size(context_.get(), style.size);
+    for (const auto& [right, down] : kAround) {
+        Letters(Pixels(point.x) + right * kHaloWidth, Pixels(point.y) + down * kHaloWidth, text, kPaper);
+    }
+    Letters(Pixels(point.x), Pixels(point.y), text, style.colour);
+}
+
+/// As glyphs, not as a path: the renderer's paths of letters differ from run to run.
+void Canvas::Letters(double x, double y, const std::string& text, const Colour& colour) {
+    cairo_set_source_rgb(context_.get(), colour.red, colour.green, colour.blue);
+    cairo_move_to(context_.get(), x, y);
+    cairo_show_text(context_.get(), text.c_str());
+    cairo_new_path(context_.get());
+}
+
+void Canvas::Enter(const PixelBox& box) {
+    cairo_save(context_.get());
+    cairo_rectangle(context_.get(), box.left, box.top, box.width, box.height);
+    cairo_clip(context_.get());
+    cairo_translate(context_.get(), box.left, box.top);
+    const int32_t left = box.left * kUnitsPerPixel;
+    const int32_t top = box.top * kUnitsPerPixel;
+    part_ = {part_.left - left, part_.top - top, part_.right - left, part_.bottom - top};
+    size_ = {box.width, box.height};
 }
 
 bool Canvas::Shows(const DeviceGeometry::Points& ring) const {

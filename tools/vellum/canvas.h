@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "drawing.h"
@@ -24,6 +25,14 @@ using CairoContext = std::unique_ptr<cairo_t, DestroyCairo>;
 /// with the cause.
 void CheckCairo(cairo_status_t status);
 
+/// A part of the picture in pixels.
+struct PixelBox {
+    int left;
+    int top;
+    int width;
+    int height;
+};
+
 /// A part of the picture, in device units.
 struct DeviceBox {
     int32_t left;
@@ -38,6 +47,19 @@ enum class Strokes {
     Separate  ///< each by itself, without smoothing: what is seen of one edge does not depend on any other
 };
 
+/// How a line is drawn.
+struct Pen {
+    Colour colour;
+    double width;       ///< in pixels
+    double dash = 0.0;  ///< the length of the dashes and of the gaps between them in pixels; 0 for an unbroken line
+};
+
+struct TextStyle {
+    Colour colour;
+    double size;  ///< in pixels
+    bool bold = false;
+};
+
 /// What things look like. They are drawn over one another in the order of the calls.
 class Canvas {
 public:
@@ -45,6 +67,7 @@ public:
     Canvas(cairo_surface_t* surface, const PictureSize& size, const DeviceBox& part, Strokes strokes);
 
     void Background();
+    void Paper();
     /// The rings are filled together by the even-odd rule, so that holes stay holes.
     void Polygon(const DeviceGeometry::Polygon& rings, const Colour& colour);
     /// Drawn as one stroke: where lines meet or cross, none covers another.
@@ -52,10 +75,32 @@ public:
     void Point(const Vellum::int_pt_t& point, const Colour& colour);
     void Frame();
 
+    void Line(const DeviceGeometry::Points& line, const Pen& pen);
+    /// A disc without an outline, @p radius in pixels.
+    void Dot(const Vellum::int_pt_t& point, double radius, const Colour& colour);
+    /// A line of text on a thin halo of paper, so that it can be read on anything. It starts at @p point, on its
+    /// base line. The font has the letters of ASCII and a box for any other.
+    void Text(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style);
+
+    /// Runs @p paint on a part of the picture as if it were the whole: nothing is drawn outside it, and its upper left
+    /// corner is the origin.
+    template <class PaintPart>
+    void Within(const PixelBox& box, PaintPart paint) {
+        const PictureSize size = size_;
+        const DeviceBox part = part_;
+        Enter(box);
+        paint();
+        cairo_restore(context_.get());
+        size_ = size;
+        part_ = part;
+    }
+
     /// Throws `Error` where anything could not be drawn.
     void Check() const { CheckCairo(cairo_status(context_.get())); }
 
 private:
+    void Enter(const PixelBox& box);
+    void Letters(double x, double y, const std::string& text, const Colour& colour);
     bool Shows(const DeviceGeometry::Points& ring) const;
     void Path(const DeviceGeometry::Points& points);
     void StrokePath(const DeviceGeometry::Points& points);

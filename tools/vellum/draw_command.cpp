@@ -5,62 +5,38 @@
 #include <iostream>
 #include <memory>
 #include <string>
+#include <vector>
 
-#include "arguments.h"
 #include "canvas.h"
-#include "error.h"
 #include "geojson_reader.h"
+#include "map_painting.h"
 #include "output_file.h"
 #include "picture.h"
 #include "pipeline.h"
 #include "progress.h"
+#include "standard_output.h"
 #include "statistics.h"
 #include "view.h"
+#include "view_options.h"
 
 namespace tool {
 
 namespace {
 
-/// As the command line gives them; an empty text stands for an option that is not there.
 struct DrawArguments {
     std::string input;
     std::string output;
-    std::string center;
-    std::string width;
-    std::string rotation = "0";
-    std::string size = "1200x800";
+    ViewOptions view;
     bool statistics = false;
     bool noClip = false;
 };
 
-ViewRequest RequestOf(const DrawArguments& arguments) {
-    ViewRequest request;
-    if (!arguments.center.empty()) request.center = ParsePoint("--center", arguments.center);
-    if (!arguments.width.empty()) request.width = ParseLength("--width", arguments.width);
-    request.rotation = ParseNumber("--rotate", arguments.rotation);
-    return request;
-}
-
-/// Areas lie under lines and lines under points, whatever their order in the file.
-void Paint(const Drawing& drawing, const std::vector<DeviceGeometry>& geometries, Canvas& canvas) {
-    const auto each = [&](auto paint) {
-        for (std::size_t i = 0; i < geometries.size(); ++i) {
-            paint(geometries[i], StyleOf(drawing.features[i], i));
-        }
-    };
-    canvas.Background();
-    each([&canvas](const DeviceGeometry& geometry, const Style& style) {
-        for (const auto& polygon : geometry.polygons) {
-            canvas.Polygon(polygon, style.area);
-        }
-    });
-    each([&canvas](const DeviceGeometry& geometry, const Style& style) { canvas.Lines(geometry.lines, style.line); });
-    each([&canvas](const DeviceGeometry& geometry, const Style& style) {
-        for (const auto& point : geometry.points) {
-            canvas.Point(point, style.line);
-        }
-    });
-    canvas.Frame();
+std::vector<Style> StylesOf(const Drawing& drawing) {
+    std::vector<Style> styles;
+    for (std::size_t i = 0; i < drawing.features.size(); ++i) {
+        styles.push_back(StyleOf(drawing.features[i], i));
+    }
+    return styles;
 }
 
 template <class Geometries>
@@ -80,10 +56,10 @@ Counts CountsOf(const Drawing& drawing) {
     return counts;
 }
 
-void Draw(const DrawArguments& arguments) {
+Statistics DrawMap(const DrawArguments& arguments) {
     const PictureFormat format = FormatOf(arguments.output);
-    const PictureSize size = ParseSize("--size", arguments.size);
-    const ViewRequest request = RequestOf(arguments);
+    const PictureSize size = arguments.view.Size();
+    const ViewRequest request = arguments.view.Request();
 
     Progress progress;
     Statistics statistics;
@@ -101,15 +77,27 @@ void Draw(const DrawArguments& arguments) {
         statistics.Time("transform", [&] { return ToDevice(geometries, view, progress); });
     statistics.Record("drawn", CountsOf(device));
 
-    statistics.Time("draw", [&] { picture.Paint([&](Canvas& canvas) { Paint(drawing, device, canvas); }, progress); });
+    statistics.Time("draw", [&] {
+        const auto paint = [&device, styles = StylesOf(drawing)](Canvas& canvas) {
+            canvas.Background();
+            PaintFeatures(device, styles, canvas);
+            canvas.Frame();
+        };
+        picture.Paint(paint, progress);
+    });
     statistics.Time("write", [&] {
         picture.Finish();
         file.Commit();
     });
 
+    return statistics;
+}
+
+void Draw(const DrawArguments& arguments) {
+    const Statistics statistics = DrawMap(arguments);
     if (!arguments.statistics) return;
     statistics.Print(std::cout);
-    if (!std::cout.flush()) throw Error("standard output: cannot be written");
+    FinishOutput();
 }
 
 }  // namespace
@@ -121,17 +109,7 @@ void AddDrawCommand(CLI::App& app) {
     verb->add_option("-o,--output", arguments->output, "The picture: a .png, .svg or .pdf file")
         ->required()
         ->type_name("OUT");
-    verb->add_option("--center", arguments->center, "The view's centre in model units (default: that of the drawing)")
-        ->type_name("X,Y");
-    verb->add_option("--width", arguments->width,
-                     "The view's width in model units (default: the whole drawing with a margin)")
-        ->type_name("W");
-    verb->add_option("--rotate", arguments->rotation, "Turn the view counter-clockwise about its centre")
-        ->type_name("DEGREES")
-        ->capture_default_str();
-    verb->add_option("--size", arguments->size, "The picture's size in pixels; its shape gives the view's height")
-        ->type_name("WxH")
-        ->capture_default_str();
+    arguments->view.AddTo(*verb, "the whole drawing");
     verb->add_flag("--stats", arguments->statistics, "Print what was read, clipped and drawn, and the time it took");
     verb->add_flag("--no-clip", arguments->noClip, "Hand everything to the renderer, also what lies outside the view");
     verb->callback([arguments] { Draw(*arguments); });

@@ -37,6 +37,8 @@ using Polygon = Geometry::Polygon;
 
 struct Feature {
     std::string name;
+    /// The geometry's type as GeoJSON names it; empty where the feature has none.
+    std::string type;
     /// A place in the palette, counted from 1, or a colour; nothing where the feature leaves it to the palette.
     std::variant<std::monostate, std::size_t, Colour> colour;
     Geometry geometry;

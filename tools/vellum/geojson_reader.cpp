@@ -10,6 +10,7 @@
 #include "json_document.h"
 #include "json_place.h"
 #include "progress.h"
+#include "text.h"
 
 namespace tool {
 
@@ -57,8 +58,7 @@ public:
         } else if (type == "Feature") {
             drawing.features.push_back(ReadFeature(document, root));
         } else {
-            drawing.features.emplace_back();
-            ReadGeometry(document, root, 0, drawing.features.back().geometry);
+            ReadShape(document, root, drawing.features.emplace_back());
         }
         const auto empty = [](const Feature& feature) { return feature.geometry.Empty(); };
         if (std::all_of(drawing.features.begin(), drawing.features.end(), empty)) Fail(root, "holds no geometry");
@@ -112,18 +112,32 @@ private:
         const auto properties = value.find("properties");
         if (properties != value.end()) ReadProperties(*properties, place.Member("properties"), feature);
         const Json& geometry = Member(value, "geometry", place);
-        if (!geometry.is_null()) ReadGeometry(geometry, place.Member("geometry"), 0, feature.geometry);
+        if (!geometry.is_null()) ReadShape(geometry, place.Member("geometry"), feature);
         return feature;
+    }
+
+    void ReadShape(const Json& value, const JsonPlace& place, Feature& feature) const {
+        feature.type = TypeOf(value, place);
+        ReadGeometry(value, place, 0, feature.geometry);
     }
 
     /// Properties mean what their owner likes: those that do not say a name or a colour are passed over.
     void ReadProperties(const Json& value, const JsonPlace& place, Feature& feature) const {
         if (value.is_null()) return;
         if (!value.is_object()) Fail(place, "must be an object or null, not " + Kind(value));
-        const auto name = value.find("name");
-        if (name != value.end() && name->is_string()) feature.name = name->get<std::string>();
+        feature.name = NameAmong(value);
         const auto colour = value.find("color");
         if (colour != value.end()) ReadColour(*colour, feature);
+    }
+
+    /// The property "name", or else the first one that is written so in another letter case.
+    static std::string NameAmong(const Json& properties) {
+        const auto exact = properties.find("name");
+        if (exact != properties.end() && exact->is_string()) return exact->get<std::string>();
+        for (const auto& [key, value] : properties.items()) {
+            if (value.is_string() && EqualsInAnyCase(key, "name")) return value.get<std::string>();
+        }
+        return {};
     }
 
     static void ReadColour(const Json& value, Feature& feature) {

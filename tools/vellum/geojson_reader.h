@@ -11,7 +11,8 @@ namespace tool {
 class Progress;
 
 /// Reads a GeoJSON file: a feature collection, a feature or a bare geometry. Null geometries, and geometries without
-/// coordinates, which mean the same, are left out.
+/// coordinates, which mean the same, are left out; their features stay. A feature's name is its property "name", in
+/// whatever letter case that is written.
 ///
 /// Throws `Error` for anything else that is not GeoJSON: one line that names the file, the place in it and the cause. A
 /// file in which there is nothing to draw is an error too.

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <new>
 #include <string>
 
+#include "clearance_command.h"
 #include "draw_command.h"
 #include "error.h"
+#include "info_command.h"
+#include "sheet_command.h"
+#include "text.h"
 
 namespace {
 
@@ -18,6 +21,9 @@ int Run(int argc, char** argv) {
     app.set_version_flag("--version", "vellum " VELLUM_TOOL_VERSION);
     app.require_subcommand(1);
     tool::AddDrawCommand(app);
+    tool::AddClearanceCommand(app);
+    tool::AddInfoCommand(app);
+    tool::AddSheetCommand(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& end) {
@@ -30,10 +36,8 @@ int Run(int argc, char** argv) {
 }
 
 /// One line, whatever stands in file names and in quoted text.
-int Fail(std::string message) {
-    std::replace_if(
-        message.begin(), message.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; }, '?');
-    std::fprintf(stderr, "vellum: %s\n", message.c_str());
+int Fail(const std::string& message) {
+    std::fprintf(stderr, "vellum: %s\n", tool::OneLine(message).c_str());
     return kFailure;
 }
 

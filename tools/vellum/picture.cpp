@@ -144,4 +144,14 @@ void Picture::Finish() {
     CheckCairo(cairo_surface_status(surface_.get()));
 }
 
+void DrawPicture(const std::string& path, const PictureSize& size, const std::function<void(Canvas&)>& paint,
+                 Progress& progress) {
+    const PictureFormat format = FormatOf(path);
+    OutputFile file(path);
+    Picture picture(format, size, file);
+    picture.Paint(paint, progress);
+    picture.Finish();
+    file.Commit();
+}
+
 }  // namespace tool

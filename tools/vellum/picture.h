@@ -43,6 +43,11 @@ private:
     CairoSurface surface_;
 };
 
+/// Draws a picture into the file at @p path, in the format that its extension names. Throws `Error` where it cannot be
+/// drawn or written; no part of it is left behind then.
+void DrawPicture(const std::string& path, const PictureSize& size, const std::function<void(Canvas&)>& paint,
+                 Progress& progress);
+
 }  // namespace tool
 
 #endif

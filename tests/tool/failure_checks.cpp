@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#include "failure_checks.h"
+
+#include "tool_run.h"
+
+namespace tool_test {
+
+void FailureTest::ExpectFailure(const std::vector<std::string>& arguments, const std::string& message) const {
+    const std::vector<std::string> before = scratch.Names();
+    const Outcome outcome = RunTool(arguments);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "vellum: " + message + "\n");
+    EXPECT_EQ(scratch.Names(), before);
+}
+
+}  // namespace tool_test

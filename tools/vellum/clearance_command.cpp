@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "clearance_command.h"
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "canvas.h"
+#include "clearance_picture.h"
+#include "feature_clearance.h"
+#include "geojson_reader.h"
+#include "output_file.h"
+#include "picture.h"
+#include "progress.h"
+#include "selection.h"
+#include "standard_output.h"
+#include "text.h"
+#include "view_options.h"
+
+namespace tool {
+
+namespace {
+
+struct ClearanceArguments {
+    std::string input;
+    std::string a;
+    std::string b;
+    std::string output;
+    ViewOptions view;
+};
+
+const char* const kFormat =
+    "Prints three lines:\n"
+    "  a: (X, Y) on feature INDEX, NAME\n"
+    "  b: (X, Y) on feature INDEX, NAME\n"
+    "  distance: D\n"
+    "\n"
+    "The points are the witness points of the two features' outlines and lines, D is the distance between\n"
+    "them. All numbers are in the file's units, which are degrees for longitude and latitude, and are as\n"
+    "short as they can be without losing anything. A feature without a name ends its line with its index.\n"
+    "\n"
+    "A SELECTOR of digits is the feature's index in the file, counted from 0. Any other is the value of its\n"
+    "property \"name\", in whatever letter case that property is written. Of features with several parts the\n"
+    "two parts that come closest count.";
+
+std::string Line(const char* role, const Vellum::DblPt& point, std::size_t index, const Feature& feature) {
+    std::string line = std::string(role) + ": (" + ExactText(point.x) + ", " + ExactText(point.y) + ") on feature " +
+                       std::to_string(index);
+    if (!feature.name.empty()) line += ", " + OneLine(feature.name);
+    return line + '\n';
+}
+
+/// Measures, draws where that is wanted, and says what is to be printed.
+std::string FindClearance(const ClearanceArguments& arguments) {
+    if (!arguments.output.empty()) FormatOf(arguments.output);
+    const ViewRequest request = arguments.view.Request();
+    const PictureSize size = arguments.view.Size();
+
+    Progress progress;
+    Drawing drawing = ReadGeoJson(arguments.input, progress);
+    const std::size_t a = SelectFeature(drawing, arguments.input, "--a", arguments.a);
+    const std::size_t b = SelectFeature(drawing, arguments.input, "--b", arguments.b);
+    const Feature& featureA = drawing.features[a];
+    const Feature& featureB = drawing.features[b];
+    const Clearance clearance = MeasureClearance(featureA.geometry, featureB.geometry, progress);
+    std::string result = Line("a", clearance.onA, a, featureA) + Line("b", clearance.onB, b, featureB) +
+                         "distance: " + ExactText(clearance.distance) + '\n';
+
+    if (!arguments.output.empty()) {
+        const ClearancePicture picture(std::move(drawing), a, b, clearance, request, size, progress);
+        DrawPicture(
+            arguments.output, size, [&picture](Canvas& canvas) { picture.Paint(canvas); }, progress);
+    }
+    return result;
+}
+
+}  // namespace
+
+void AddClearanceCommand(CLI::App& app) {
+    CLI::App* verb = app.add_subcommand("clearance", "Find where two features of a GeoJSON file come closest");
+    const auto arguments = std::make_shared<ClearanceArguments>();
+    verb->add_option("FILE", arguments->input, "The GeoJSON file")->required();
+    verb->add_option("--a", arguments->a, "The one feature: its index, counted from 0, or its name")
+        ->required()
+        ->type_name("SELECTOR");
+    verb->add_option("--b", arguments->b, "The other feature")->required()->type_name("SELECTOR");
+    verb->add_option("-o,--output", arguments->output, "A picture of it: a .png, .svg or .pdf file")->type_name("OUT");
+    arguments->view.AddTo(*verb, "the two parts that come closest");
+    verb->footer(kFormat);
+    verb->callback([arguments] {
+        std::cout << FindClearance(*arguments);
+        FinishOutput();
+    });
+}
+
+}  // namespace tool

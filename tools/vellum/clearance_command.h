@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#ifndef VELLUM_TOOL_CLEARANCE_COMMAND_H
+#define VELLUM_TOOL_CLEARANCE_COMMAND_H
+
+namespace CLI {
+class App;
+}
+
+namespace tool {
+
+/// Adds the verb `clearance`: where two features of a map come closest to one another.
+void AddClearanceCommand(CLI::App& app);
+
+}  // namespace tool
+
+#endif
