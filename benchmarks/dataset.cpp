@@ -119,6 +119,63 @@ PolySet SmallPolygons() {
     return set;
 }
 
+std::vector<DblPt> StarOutline(uint64_t seed, size_t count, const DblPt& centre) {
+    Random random(seed);
+    const double step = 2 * std::numbers::pi / static_cast<double>(count);
+    const double roughness = std::min(step, 0.2);
+    std::vector<DblPt> outline(count);
+    for (size_t i = 0; i < count; ++i) {
+        const double angle = step * (static_cast<double>(i) + random.Between(-0.4, 0.4));
+        const double radius = (0.75 + 0.25 * std::cos(5 * angle)) * (1 + random.Between(-roughness, roughness));
+        outline[i].Set(centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle));
+    }
+    return outline;
+}
+
+std::vector<DblPt> LargestLand() {
+    std::vector<DblPt> largest;
+    LandMap().ForEachPolygon([&largest](const real_pt_t* pts, size_t count) {
+        if (count <= largest.size()) return;
+        largest.resize(count);
+        std::copy(pts, pts + count, largest.begin());
+    });
+    return largest;
+}
+
+std::vector<DblPt> PointsAbout(const std::vector<DblPt>& outline, size_t count) {
+    Random random(4);
+    const auto byX = std::minmax_element(outline.begin(), outline.end(), [](auto& p, auto& q) { return p.x < q.x; });
+    const auto byY = std::minmax_element(outline.begin(), outline.end(), [](auto& p, auto& q) { return p.y < q.y; });
+    std::vector<DblPt> points(count);
+    for (size_t i = 0; i < count; ++i) {
+        if (i % 3 < 2) {
+            points[i].Set(random.Between(byX.first->x, byX.second->x), random.Between(byY.first->y, byY.second->y));
+            continue;
+        }
+        const size_t edge = static_cast<size_t>(random.Between(0, static_cast<double>(outline.size())));
+        const DblPt& a = outline[edge];
+        const DblPt& b = outline[(edge + 1) % outline.size()];
+        const double along = random.Between(0, 1);
+        const double aside = random.Between(0.01, 0.2) * (random.Whole(0, 1) * 2 - 1);
+        points[i].Set(a.x + along * (b.x - a.x) - aside * (b.y - a.y), a.y + along * (b.y - a.y) + aside * (b.x - a.x));
+    }
+    return points;
+}
+
+std::vector<DblPt> RiverBank(uint64_t seed, size_t count, int side) {
+    constexpr double kHalfWidth = 10, kRoughness = 0.3;
+    Random random(seed);
+    std::vector<DblPt> bank(count);
+    for (size_t i = 0; i < count; ++i) {
+        const double x = static_cast<double>(i);
+        const double y = 60 * std::sin(x / 130) + 25 * std::sin(x / 47);
+        const double direction = std::atan(60.0 / 130 * std::cos(x / 130) + 25.0 / 47 * std::cos(x / 47));
+        bank[i].Set(x - side * kHalfWidth * std::sin(direction) + random.Between(-kRoughness, kRoughness),
+                    y + side * kHalfWidth * std::cos(direction) + random.Between(-kRoughness, kRoughness));
+    }
+    return bank;
+}
+
 Box BoxOf(const real_pt_t* pts, size_t count) {
     Box box = {pts[0].x, pts[0].y, pts[0].x, pts[0].y};
     for (size_t i = 1; i < count; ++i) {

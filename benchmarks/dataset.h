@@ -51,6 +51,17 @@ PolySet LandMap();
 /// A hundred thousand polygons of about ten points each, spread evenly over a square.
 PolySet SmallPolygons();
 
+/// An outline about @p centre that does not cross itself: a star of five rays, about one unit long, the first of which
+/// points to the right. It is rough from point to point.
+std::vector<Vellum::DblPt> StarOutline(uint64_t seed, size_t count, const Vellum::DblPt& centre);
+/// The largest land mass of the map.
+std::vector<Vellum::DblPt> LargestLand();
+/// Points all over the box of an outline, every third one close to an edge; none lies on the outline.
+std::vector<Vellum::DblPt> PointsAbout(const std::vector<Vellum::DblPt>& outline, size_t count);
+/// One bank of a river that winds along the x axis, a point for every unit, rough from point to point. @p side is 1
+/// for the left bank and -1 for the right one: they run side by side, nowhere much nearer to each other than elsewhere.
+std::vector<Vellum::DblPt> RiverBank(uint64_t seed, size_t count, int side);
+
 struct Box {
     double left, bottom, right, top;
 };

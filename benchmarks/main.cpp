@@ -61,6 +61,8 @@ int main(int argc, char** argv) {
     TargetReport report;
     RegisterTransforms(report);
     RegisterClipping(report);
+    RegisterContainment(report);
+    RegisterClearance(report);
 
     int count = static_cast<int>(arguments.size());
     arguments.push_back(nullptr);

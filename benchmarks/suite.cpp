@@ -18,7 +18,7 @@ void Register(const Contender& contender) {
         contender.setUp();
         if (!checked) label = contender.check();
         checked = true;
-        for (auto _ : state) {
+        while (state.KeepRunningBatch(static_cast<benchmark::IterationCount>(contender.calls))) {
             contender.run();
             benchmark::ClobberMemory();
         }

@@ -2,6 +2,7 @@
 #ifndef VELLUM_BENCHMARKS_SUITE_H
 #define VELLUM_BENCHMARKS_SUITE_H
 
+#include <cstddef>
 #include <functional>
 #include <string>
 
@@ -20,12 +21,16 @@ struct Contender {
     /// Called before each repetition; not timed.
     std::function<void()> setUp;
     std::function<void()> run;
+    /// How many calls of the contender a run makes; the times are those of one.
+    size_t calls = 1;
 };
 
 void Register(const Contender& contender);
 
 void RegisterTransforms(TargetReport& report);
 void RegisterClipping(TargetReport& report);
+void RegisterContainment(TargetReport& report);
+void RegisterClearance(TargetReport& report);
 
 }  // namespace VellumBench
 
