@@ -5,11 +5,11 @@
 /// @file
 /// Chains of points: `PolylineGeom`, which is open, and `PolygonGeom`, whose last point is joined to the first.
 ///
-/// Both keep their points in one block of the C allocator, which grows by exactly one point at a time and stays as it
-/// is where the chain is cut, and cache their extents. The cache follows some operations and not others, as each says;
-/// path algorithms rely on the cheap ones leaving it alone. A default-constructed chain has the extents (0, 0)-(0, 0),
-/// and `AddPoint` widens what is there: a chain built from nothing by `AddPoint` has extents that include the origin.
-/// `PolylineGeom::RecalcExtents` makes them tight.
+/// Both keep their points in one block of the C allocator, which grows by exactly one point at a time and stays as
+/// it is where the chain is cut, and cache their extents. The cache follows some operations and not others, as each
+/// says; path algorithms rely on the cheap ones leaving it alone. A default-constructed chain has the extents
+/// (0, 0)-(0, 0), and `AddPoint` widens what is there: a chain built from nothing by `AddPoint` has extents that
+/// include the origin. `PolylineGeom::RecalcExtents` makes them tight.
 ///
 /// Indices are not checked unless a member says so. Where memory runs out a constructor leaves an empty chain, a
 /// growing operation answers false and changes nothing, and an assignment changes nothing.
@@ -218,8 +218,8 @@ public:
     /// @}
 
     /// Gives the point at the origin, since the search starts below any distance; hosts that replay old drawings rely
-    /// on it. Where p.y is NaN, so is out.y. For the nearest boundary point use a clearance function, for instance with
-    /// a circle at @p p.
+    /// on it. Where p.y is NaN, so is out.y. For the nearest boundary point use a clearance function, for instance
+    /// with a circle at @p p.
     void ClosestPt(const DblPt& p, DblPt& out) const;
 
     /// @name The closed shape
@@ -232,8 +232,8 @@ public:
     /// ignored.
     ///
     /// In the count every edge includes its lower end and not its upper one, and points on the line of an edge count
-    /// for either direction. Of an upright square the bottom and the right side are inside, the lower-right corner too;
-    /// the top, the left side and the other corners are outside.
+    /// for either direction. Of an upright square the bottom and the right side are inside, the lower-right corner
+    /// too; the top, the left side and the other corners are outside.
     bool Contains(const DblPt& p, double tol) const override;
     bool Contains(double x, double y, double tol) const override;
     /// The mean of the points, not the centre of the area; NaN without a point.

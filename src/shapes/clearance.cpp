@@ -33,11 +33,11 @@ private:
 };
 
 // The outputs are written last: they may be points of the shapes.
-bool ClearChains(std::span<const DblPt> a, std::span<const DblPt> b, DblPt* onA, DblPt* onB) {
-    if (a.empty() || b.empty()) return false;
-    const Witnesses nearest = FindWitnesses(a, b);
-    *onA = nearest.onA;
-    *onB = nearest.onB;
+bool ClearChains(std::span<const DblPt> first, std::span<const DblPt> second, DblPt* onFirst, DblPt* onSecond) {
+    if (first.empty() || second.empty()) return false;
+    const Witnesses nearest = FindWitnesses(first, second);
+    *onFirst = nearest.onA;
+    *onSecond = nearest.onB;
     return true;
 }
 

@@ -64,22 +64,14 @@ ChainIndex::ChainIndex(std::span<const DblPt> chain, const ClearanceKernels& ker
     : chain_(chain), kernels_(kernels), root_{1, 0, kEmptyBox} {
     std::fill(std::begin(leafGroupOwners_), std::end(leafGroupOwners_), std::numeric_limits<size_t>::max());
     const size_t lastStart = (chain.size() - 1) / kLeafEdges * kLeafEdges;
-    DblPt* const padding = std::copy(chain.begin() + lastStart, chain.end(), lastLeaf_);
+    const auto last = chain.subspan(lastStart);
+    DblPt* const padding = std::copy(last.begin(), last.end(), lastLeaf_);
     std::fill(padding, std::end(lastLeaf_), DblPt(kNan, kNan));
 
-    size_t nodes = DividedUp(chain.size(), kBlockPoints);
-    for (; nodes > 1; ++root_.level) {
+    for (size_t nodes = DividedUp(chain.size(), kBlockPoints); nodes > 1; ++root_.level) {
         const size_t groupCount = DividedUp(nodes, kGroupBoxes);
-        for (size_t group = 0; group < groupCount; ++group) {
-            if (root_.level == 1) {
-                BoxRuns(group * kGroupBoxes * kBlockPoints, kBlockPoints, groups[group]);
-                continue;
-            }
-            for (size_t i = 0; i < kGroupBoxes; ++i) {
-                const size_t child = kGroupBoxes * group + i;
-                Put(child < nodes ? UnionOf(boxes_[root_.level - 1][child]) : kEmptyBox, i, groups[group]);
-            }
-        }
+        for (size_t group = 0; group < groupCount; ++group)
+            BoxNodes(root_.level, nodes, kGroupBoxes * group, groups[group]);
         boxes_[root_.level] = groups;
         groups += groupCount;
         nodes = groupCount;
@@ -106,6 +98,15 @@ const DblPt* ChainIndex::LeafPoints(const ChainNode& leaf) const {
     return chain_.size() - leaf.First() < kLeafPoints ? lastLeaf_ : &chain_[leaf.First()];
 }
 
+void ChainIndex::BoxNodes(unsigned level, size_t nodeCount, size_t first, BoxGroup& boxes) const {
+    if (level == 1) {
+        BoxRuns(kBlockPoints * first, kBlockPoints, boxes);
+        return;
+    }
+    for (size_t i = 0; i < kGroupBoxes; ++i)
+        Put(first + i < nodeCount ? UnionOf(boxes_[level - 1][first + i]) : kEmptyBox, i, boxes);
+}
+
 void ChainIndex::BoxRuns(size_t start, size_t runPoints, BoxGroup& boxes) const {
     const auto points = chain_.subspan(start);
     unsigned irregular = kernels_.boxesOfRuns(points.data(), points.size(), runPoints, boxes);
@@ -120,7 +121,7 @@ void ChainIndex::BoxRuns(size_t start, size_t runPoints, BoxGroup& boxes) const 
 // point is an end, no coordinate of it lies outside those of the ends. In between its x is no further out than the
 // ends', and its y is (x - lo.x) / dx * dy + lo.y: the quotient lies between 0 and 1, for roundings are monotone, so
 // the product lies between 0 and dy and the sum between lo.y and lo.y + dy as that is rounded, which can be beyond
-// hi.y.
+// hi.y. Which end is lo makes a difference to that sum; the box holds both.
 //
 // A point with a coordinate that is not finite is at no finite distance from any other. Of the edges at such a point
 // only those that are exactly parallel to an axis have nearest points with finite coordinates: for the others the

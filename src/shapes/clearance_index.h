@@ -46,8 +46,10 @@ private:
     static constexpr unsigned kMaxLevels = 22;
     static constexpr size_t kLeafGroups = 16;
 
+    /// The boxes of eight nodes of a level that has @p nodeCount, from the node @p first on.
+    void BoxNodes(unsigned level, size_t nodeCount, size_t first, BoxGroup& boxes) const;
+    /// The boxes of eight runs of points from the point @p start on.
     void BoxRuns(size_t start, size_t runPoints, BoxGroup& boxes) const;
-    void BoxBlocks(BoxGroup* groups, size_t groupCount) const;
 
     std::span<const DblPt> chain_;
     const ClearanceKernels& kernels_;

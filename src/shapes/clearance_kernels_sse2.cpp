@@ -70,7 +70,6 @@ struct Sse2Lanes {
     static Reg Select(const Mask& where, const Reg& a, const Reg& b) {
         return Or(And(where, a), Each(where, b, [](auto u, auto v) { return _mm_andnot_pd(u, v); }));
     }
-    /// The upper half of each double holds its sign.
     static unsigned Bits(const Mask& a) {
         return UpperHalves(a.part[0], a.part[1]) | UpperHalves(a.part[2], a.part[3]) << 4;
     }

@@ -115,20 +115,19 @@ bool EllipticalArcGeom::GetEllipticalArcExtents(drw_con_arc_t* arc, DrwArcCT typ
         conic = internal::Rotated(conic, std::cos(rotation), std::sin(rotation));
         frame.Rotate(-(rotation * kDegreesPerRadian), 2);
     }
-    if (conic.xx == 0.0 && conic.yy == 0.0) return false;
     if (IsParabolic(conic.x, conic.xx) || IsParabolic(conic.y, conic.yy)) return false;
 
     const DblPt offset(conic.x / (2.0 * conic.xx), conic.y / (2.0 * conic.yy));
     const double constant = conic.constant - (offset.y * offset.y * conic.yy + offset.x * offset.x * conic.xx);
+    // A real ellipse has two semi-axes; without a point, a bound or a centre one of them is no finite number.
+    const double a = std::sqrt(-constant / conic.xx);
+    const double b = std::sqrt(-constant / conic.yy);
+    if (!std::isfinite(a) || !std::isfinite(b)) return false;
+
     frame.Translate(offset.x, offset.y);
     DblPt first(arc->start.x, arc->start.y);
     DblPt last(arc->end.x, arc->end.y);
     ComputeConicEndpoints(&first, &last, arc->reversed != 0, &first, &last, &frame);
-
-    if (constant * conic.xx > 0.0 || constant * conic.yy > 0.0) return false;
-    const double a = std::sqrt(-constant / conic.xx);
-    const double b = std::sqrt(-constant / conic.yy);
-    if (!std::isfinite(a) || !std::isfinite(b)) return false;
 
     AlignedDblRect box = BoxBetween(first, last, a, b);
     if (type == ArcPie) box += DblPt(0.0, 0.0);

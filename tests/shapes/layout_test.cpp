@@ -91,7 +91,7 @@ TYPED_TEST(OpenShapeDestruction, WorksThroughTheBase) {
     delete shape;
 }
 
-// The open shapes have no table entries for these: what a class derived from them declares is not called through them.
+// The open shapes have no table entries for these: what a derived class declares is not called through its base.
 TEST(LineSegmentMembers, AreNotVirtual) {
     struct Own : LineSegmentGeom {
         bool called = false;

@@ -255,10 +255,14 @@ TEST_F(ClearanceCommand, OutputThatCannotBeWritten) {
         options.push_back(scratch.Path(name));
         ExpectRefused(options, scratch.Path(name) + cause);
     };
+    // The name is looked at before anything is read.
+    ExpectFailure({"clearance", scratch.Path("none"), "--a", "0", "--b", "1", "-o", scratch.Path("a.bmp")},
+                  scratch.Path("a.bmp") + ": the name of a picture must end in .png, .svg or .pdf");
     refused("a.bmp", ": the name of a picture must end in .png, .svg or .pdf");
     refused("none/a.png", ": cannot be written: No such file or directory");
     std::filesystem::create_directory(scratch.Path("d.svg"));
     refused("d.svg", ": cannot be written: Is a directory");
+    ExpectFailureToPrint({"clearance", map, "--a", "0", "--b", "1"});
 }
 
 TEST_F(ClearanceCommand, AFormerPictureSurvivesAFailure) {

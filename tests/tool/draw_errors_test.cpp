@@ -60,6 +60,7 @@ TEST_F(DrawErrors, Output) {
     std::filesystem::create_directory(scratch.Path("d.png"));
     ExpectFailure({"draw", map, "-o", scratch.Path("d.png")},
                   scratch.Path("d.png") + ": cannot be written: Is a directory");
+    ExpectFailureToPrint({"draw", map, "-o", scratch.Path("a.svg"), "--stats"});
 }
 
 // A limit on the size of files stands for a full disk.

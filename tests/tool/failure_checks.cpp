@@ -14,4 +14,10 @@ void FailureTest::ExpectFailure(const std::vector<std::string>& arguments, const
     EXPECT_EQ(scratch.Names(), before);
 }
 
+void FailureTest::ExpectFailureToPrint(const std::vector<std::string>& arguments) {
+    const Outcome outcome = RunToolWithoutOutput(arguments);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "vellum: standard output: cannot be written\n");
+}
+
 }  // namespace tool_test

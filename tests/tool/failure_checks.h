@@ -17,6 +17,9 @@ protected:
     /// Runs the tool, and expects one line on standard error, status 2, nothing else printed and no file left behind.
     void ExpectFailure(const std::vector<std::string>& arguments, const std::string& message) const;
 
+    /// Runs the tool with a standard output that takes nothing, and expects it to say so.
+    static void ExpectFailureToPrint(const std::vector<std::string>& arguments);
+
     ScratchDirectory scratch;
 };
 

@@ -114,6 +114,8 @@ TEST_F(InfoCommand, Failures) {
     ExpectFailure({"info", bad, "--json"}, bad + ": geometry: has no member \"coordinates\"");
     const std::string empty = scratch.Write("empty", R"({"type":"FeatureCollection","features":[]})");
     ExpectFailure({"info", empty}, empty + ": holds no geometry");
+    ExpectFailureToPrint({"info", map});
+    ExpectFailureToPrint({"info", map, "--json"});
 }
 
 }  // namespace

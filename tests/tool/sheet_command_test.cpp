@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "failure_checks.h"
@@ -110,7 +111,18 @@ TEST_F(SheetCommand, ShowsAClearance) {
         EXPECT_GT(CountIn(sheet, kLeft, kTop, kWidth, kHeight, 0xb02a2a), 80);
         // The other countries.
         EXPECT_EQ(CountIn(sheet, kLeft, kTop, kWidth, kHeight, 0xf7f5f0) > 0, ownMap);
-        // Nothing of the map comes out of its cell.
+        // The map's frame, and nothing of it beyond.
+        constexpr uint32_t kFrame = 0x5d6b78;
+        for (const int x : {818, 819, 1574, 1575}) {
+            EXPECT_EQ(sheet.At(x, 900), kFrame) << x;
+        }
+        for (const int y : {656, 657, 1174, 1175}) {
+            EXPECT_EQ(sheet.At(1200, y), kFrame) << y;
+        }
+        for (const auto& [x, y] :
+             {std::pair(817, 900), std::pair(1576, 900), std::pair(1200, 655), std::pair(1200, 1176)}) {
+            EXPECT_EQ(sheet.At(x, y), kPaper) << x << ", " << y;
+        }
         EXPECT_EQ(CountIn(sheet, 0, 0, 1600, 1200, 0xe4eef4), CountIn(sheet, kLeft, kTop, kWidth, kHeight, 0xe4eef4));
     }
 }
@@ -161,7 +173,8 @@ TEST_F(SheetCommand, Failures) {
                   map + ": --b: no feature is named \"Nowhere\"; vellum info lists the names");
     const std::string missing = scratch.Path("none");
     ExpectRefused({"--map", missing, "--a", "0", "--b", "1"}, missing + ": cannot be read: No such file or directory");
-    ExpectFailure({"sheet", "-o", scratch.Path("a.bmp")},
+    // The name is looked at before anything is read.
+    ExpectFailure({"sheet", "-o", scratch.Path("a.bmp"), "--map", missing, "--a", "0", "--b", "1"},
                   scratch.Path("a.bmp") + ": the name of a picture must end in .png, .svg or .pdf");
     ExpectFailure({"sheet", "-o", scratch.Path("none/a.png")},
                   scratch.Path("none/a.png") + ": cannot be written: No such file or directory");

@@ -45,6 +45,14 @@ Outcome RunTool(const std::vector<std::string>& arguments) {
     return outcome;
 }
 
+Outcome RunToolWithoutOutput(const std::vector<std::string>& arguments) {
+    const ScratchDirectory streams;
+    Outcome outcome;
+    outcome.status = WaitForTool(Start(arguments, "/dev/full", streams.Path("err")));
+    outcome.err = streams.Read("err");
+    return outcome;
+}
+
 pid_t StartTool(const std::vector<std::string>& arguments) { return Start(arguments, "/dev/null", "/dev/null"); }
 
 int WaitForTool(pid_t tool) {

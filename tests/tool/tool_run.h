@@ -18,6 +18,9 @@ struct Outcome {
 /// Runs the tool to its end.
 Outcome RunTool(const std::vector<std::string>& arguments);
 
+/// The same with a standard output that takes nothing, as a full disk does.
+Outcome RunToolWithoutOutput(const std::vector<std::string>& arguments);
+
 /// Starts the tool, with its outputs thrown away.
 pid_t StartTool(const std::vector<std::string>& arguments);
 
