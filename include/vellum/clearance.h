@@ -13,12 +13,13 @@
 ///
 /// Polygons and polylines are walked along their stored edges: the closing edge of a polygon is not looked at. For that
 /// one too, repeat the first point. Of all pairs of a vertex and an edge the nearest by the octagonal estimate of the
-/// distance is chosen (see `DblPt::ApproxDist`), which can be a pair a few per cent farther apart than the truly
-/// nearest; crossing edges are not detected. Among equal distances the earliest wins: first the edges of the first
-/// shape against the vertices of the second, then the other way round, both in the order of the points.
+/// distance is chosen (see `DblPt::ApproxDist`), which can be a pair up to 8.3 per cent farther apart than the
+/// truly nearest; crossing edges are not detected. Among equal distances the earliest wins: first the edges of the
+/// first shape against the vertices of the second, then the other way round, both in the order of the points.
 ///
 /// Large shapes are searched through an index that lives as long as the call and takes memory in proportion to their
-/// points; the pair found is the one that the plain search finds.
+/// points; the pair found is the one that the plain search finds. Where there is no memory for it the plain search
+/// runs, in a time that grows with the product of the numbers of points.
 
 #include "vellum/circles.h"
 #include "vellum/containers.h"
@@ -30,7 +31,10 @@
 namespace Vellum {
 
 /// @name Circles
-/// The point on a circle is where its line to the other witness meets it; untouched where that is not defined.
+/// The point on a circle is where its line to the other witness meets it, as `FindLineCircleIntersect` finds it:
+/// untouched where that finds nothing, NaN where the line has no direction (concentric circles, a centre on the chain),
+/// and the circle's own centre where the other witness or centre is so near that the line passes for a tangent (their
+/// distance times the radius below about 1.7e-4).
 /// @{
 
 /// False, with nothing written, where the circles touch within 2^-23. Also for overlapping circles and for one inside

@@ -112,7 +112,9 @@ bool ToPolylineGeom(const DblPtVec& pts, PolylineGeom** out) {
     if (out == nullptr || pts.size() < 2) return false;
     auto* const polyline = new (std::nothrow) PolylineGeom(pts.size());
     if (polyline == nullptr) return false;
-    std::copy_n(pts.begin(), polyline->NPts(), polyline->Pts());
+    // A vector that shared its block and gave it up has a size and no points.
+    const auto held = static_cast<size_t>(pts.end() - pts.begin());
+    std::copy_n(pts.begin(), std::min<size_t>(held, polyline->NPts()), polyline->Pts());
     *out = polyline;
     return true;
 }

@@ -795,6 +795,15 @@ TEST(ClearanceMemory, IsAskedForOnceByLongChainsOnly) {
     RandomNumbers random(1);
     const Chain large = RandomChain(Course::Walk, 100000, random);
     const Chain medium = RandomChain(Course::Walk, 6000, random);
+    const Chain longer = RandomChain(Course::Walk, 6500, random);
+    const Chain longest = RandomChain(Course::Walk, 7000, random);
+    {
+        const MallocGuard guard(100);
+        FindWitnesses(medium, longest);
+        EXPECT_EQ(guard.Requests(), 0u);
+        FindWitnesses(longer, longest);
+        EXPECT_EQ(guard.Requests(), 1u);
+    }
     const MallocGuard guard(100);
     FindWitnesses(medium, medium);
     EXPECT_EQ(guard.Requests(), 0u);

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
 #include <memory>
 #include <type_traits>
@@ -213,6 +214,28 @@ TEST(CircleCircleClearance, HasNoSign) {
     const CircleGeom large(0.0, 0.0, 5.0);
     EXPECT_TRUE(AreNear(OfCircles(large, CircleGeom(1.0, 0.0, 1.5)), 5.0, 0.0, -0.5, 0.0));  // one in the other
     EXPECT_TRUE(AreNear(OfCircles(CircleGeom(1.0, 0.0, 1.5), large), -0.5, 0.0, 5.0, 0.0));
+}
+
+// From the distant circle the square of its distance absorbs that of its radius, and the line passes for a tangent.
+TEST(CircleCircleClearance, EachCircleIsMetByTheLineFromTheFirstCentre) {
+    EXPECT_TRUE(AreNear(OfCircles(CircleGeom(0.0, 0.0, 3.0), CircleGeom(1e9, 0.0, 3.0)), 3.0, 0.0, 1e9, 0.0));
+}
+
+TEST(CircleCircleClearance, CentresThatAllButCoincideMakeATangent) {
+    const double nothingFound = std::ldexp(1.0, -13);
+    EXPECT_TRUE(AreAt(OfCircles(CircleGeom(0.0, 0.0, 1.0), CircleGeom(nothingFound, nothingFound, 1.0)), -77.0, -78.0,
+                      -79.0, -80.0));
+    const double tangent = std::ldexp(1.0, -17);
+    const PolylineGeom line = Polyline({DblPt(tangent, -1.0), DblPt(tangent, 1.0)});
+    EXPECT_TRUE(AreAt(Measure(CirclePolylineGeomClearance, CircleGeom(0.0, 0.0, 1.0), line), 0.0, 0.0, tangent, 0.0));
+}
+
+TEST(CircleCircleClearance, TheCirclesPointIsWrittenLast) {
+    const CircleGeom circle(0.0, 0.0, 1.0);
+    const PolylineGeom line = Polyline({DblPt(3.0, -2.0), DblPt(3.0, 4.0)});
+    DblPt p;
+    EXPECT_TRUE(CirclePolylineGeomClearance(&circle, &line, nullptr, &p, &p));
+    EXPECT_TRUE(IsAt(p, 1.0, 0.0));
 }
 
 TEST(CircleCircleClearance, OfConcentricCirclesIsNan) {
@@ -669,6 +692,22 @@ TEST(ToPolyline, NeedsAPlaceForTheResult) {
     points.push_back(DblPt(3.0, 4.0));
     points.push_back(DblPt(5.0, 6.0));
     EXPECT_FALSE(ToPolylineGeom(points, nullptr));
+}
+
+TEST(ToPolyline, AVectorWithoutABlockGivesPointsAtTheOrigin) {
+    DblPtVec points;
+    points.push_back(DblPt(1.0, 2.0));
+    points.push_back(DblPt(4.0, 7.0));
+    DblPtVec shared;
+    std::free(shared.buffer);
+    shared = points;
+    shared.buffer = nullptr;
+    PolylineGeom* out = nullptr;
+    ASSERT_TRUE(ToPolylineGeom(shared, &out));
+    const std::unique_ptr<PolylineGeom> polyline(out);
+    ASSERT_EQ(polyline->NPts(), 2u);
+    EXPECT_TRUE(IsAt(polyline->Vtx(0), 0.0, 0.0));
+    EXPECT_TRUE(IsAt(polyline->Vtx(1), 0.0, 0.0));
 }
 
 TEST(ToPolyline, WithoutMemoryForTheObjectThereIsNone) {
