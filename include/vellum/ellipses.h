@@ -102,7 +102,7 @@ public:
     char utl_conic_type(con_arc_str* conic) const;
     /// The standard position of an ellipse; without a B it is not turned. A closed conic starts at angle 0 and
     /// sweeps 2 pi; a flat one (see above) has start and sweep 0, and so has what is no real ellipse, whose a or b
-    /// is NaN.
+    /// is not finite.
     void utl_standard_ellipse(con_arc_str* conic, std_ell_typ* out) const;
     /// The point at @p angle, in the conic's own coordinates.
     void utl_ellipse_point(std_ell_typ* ellipse, double angle, DblPt* out) const;

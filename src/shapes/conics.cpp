@@ -47,9 +47,8 @@ struct QuadraticPart {
     double yy;
 };
 
-/// The centre; the origin where the conic has no linear terms.
+/// The centre; no finite point where there is no single one.
 DblPt CenterOf(const Conic& conic) {
-    if (conic.x == 0.0 && conic.y == 0.0) return DblPt();
     if (conic.xy == 0.0) return DblPt(-conic.x / (2.0 * conic.xx), -conic.y / (2.0 * conic.yy));
     const QuadraticPart q(conic);
     const double det = 2.0 * q.Determinant();
@@ -84,10 +83,10 @@ void TurnToAxes(const QuadraticPart& q, StandardForm& form, double& alongX, doub
     alongY = std::scalbn(trace >= 0.0 ? smaller : larger, q.exponent);
 }
 
-/// The angle from one vector to another, counter-clockwise in [0, 2 pi].
+/// The angle from one vector to another, counter-clockwise in [0, 2 pi]. A negative zero is all but a whole turn.
 double TurnOf(double cross, double dot) {
     const double turn = std::atan2(cross, dot);
-    return turn < 0.0 ? turn + kTwoPi : turn;
+    return std::signbit(turn) ? turn + kTwoPi : turn;
 }
 
 }  // namespace
@@ -142,7 +141,6 @@ bool ComputeSemiAxis(double reciprocalSquare, double& semiAxis) {
 
 void ScaleToLargest(Conic& conic) {
     const double largest = std::max({std::fabs(conic.xx), std::fabs(conic.xy), std::fabs(conic.yy)});
-    if (largest == 0.0) return;
     conic.xx /= largest;
     conic.xy /= largest;
     conic.yy /= largest;
@@ -158,7 +156,7 @@ bool IntersectRay(const Conic& conic, double x, double y, DblPt& out) {
         conic.xx * (towards.x * towards.x) + conic.xy * towards.x * towards.y + conic.yy * (towards.y * towards.y);
     const double reach = ReachOf(ConstantAt(center, conic), quadratic);
     const DblPt met(center.x + reach * towards.x, center.y + reach * towards.y);
-    if (!(reach > 0.0) || !std::isfinite(met.x) || !std::isfinite(met.y)) return false;
+    if (!std::isfinite(met.x) || !std::isfinite(met.y)) return false;
     out = met;
     return true;
 }
@@ -190,10 +188,7 @@ Conic Rotated(const Conic& conic, double cosine, double sine) {
             conic.constant};
 }
 
-bool StandardForm::IsRealEllipse() const {
-    return a > 0.0 && b > 0.0 && std::isfinite(a) && std::isfinite(b) && std::isfinite(center.x) &&
-           std::isfinite(center.y);
-}
+bool StandardForm::IsRealEllipse() const { return std::isfinite(a) && std::isfinite(b); }
 
 DblPt StandardForm::ToLocal(const DblPt& p) const {
     return DblPt(p.x * cosine + p.y * sine - center.x, p.y * cosine - p.x * sine - center.y);
@@ -229,18 +224,18 @@ StandardArc StandardArcOf(const con_arc_str& arc, const StandardForm& form) {
     const DblPt endLocal = form.ToLocal(DblPt(arc.end.x, arc.end.y));
     DblPt start(startLocal.x / form.a, startLocal.y / form.b);
     DblPt end(endLocal.x / form.a, endLocal.y / form.b);
-    const double scale = Length(start.x, start.y) * Length(end.x, end.y);
     Normalize(start);
     Normalize(end);
 
-    // Between ends that all but coincide a rounding would decide between next to nothing and the whole ellipse; so
-    // the sense of the turn comes from the ends as they are given.
+    // Between ends that all but coincide a rounding would decide between next to nothing and the whole ellipse; so the
+    // sense of the turn comes from the ends as they are given.
     const int exponent = ExponentOf(std::max(form.a, form.b));
     const auto scaled = [exponent](double v) { return std::scalbn(v, -exponent); };
     const DblPt center = form.FromLocal(DblPt());
-    const double cross = DifferenceOfProducts(scaled(arc.start.x - center.x), scaled(arc.end.y - center.y),
+    const double sense = DifferenceOfProducts(scaled(arc.start.x - center.x), scaled(arc.end.y - center.y),
                                               scaled(arc.start.y - center.y), scaled(arc.end.x - center.x));
-    return {start, TurnOf(cross / scaled(form.a) / scaled(form.b) / scale, start.x * end.x + start.y * end.y)};
+    const double cross = std::copysign(start.x * end.y - start.y * end.x, sense);
+    return {start, TurnOf(cross, start.x * end.x + start.y * end.y)};
 }
 
 }  // namespace Vellum::internal

@@ -65,11 +65,11 @@ inline constexpr double kDegenerate = 1e-38;
 /// The semi-axis of a reciprocal square. False, with it untouched, where the square's root counts as none.
 bool ComputeSemiAxis(double reciprocalSquare, double& semiAxis);
 
-/// Divides the coefficients, which lack the linear ones, by the largest quadratic one, unless that is 0.
+/// Divides the coefficients, of which the linear ones are 0, by the largest quadratic one.
 void ScaleToLargest(Conic& conic);
 
-/// Where the ray from the centre of @p conic towards (x, y), taken relative to it, meets the conic. False, with @p
-/// out untouched, where it does not.
+/// Where the ray from the centre of @p conic towards (x, y), taken relative to it, meets the conic. False, with
+/// @p out untouched, where it does not or the conic has no single centre.
 bool IntersectRay(const Conic& conic, double x, double y, DblPt& out);
 
 /// The ends of an arc of @p conic, relative to the centre: with @p full both the first diameter's end, otherwise
@@ -89,7 +89,7 @@ struct StandardForm {
     double a;      ///< the semi-axis along the frame's x
     double b;
 
-    /// Whether there is such an ellipse. Where there is none the members mean nothing.
+    /// Whether there is such an ellipse. Where there is none a or b is NaN or infinite.
     bool IsRealEllipse() const;
     /// @p p turned into the frame, relative to the centre.
     DblPt ToLocal(const DblPt& p) const;

@@ -53,7 +53,7 @@ bool ComputeConic(const internal::Diameters& d, circle_ellipse_s& axes, Conic& c
     if (roots.spread < internal::kDegenerate) return false;
     internal::ComputeSemiAxis(roots.larger, axes.semiAxis1);
     internal::ComputeSemiAxis(roots.smaller, axes.semiAxis2);
-    if (roots.larger < internal::kDegenerate || roots.smaller < internal::kDegenerate) return false;
+    if (roots.smaller < internal::kDegenerate) return false;
     internal::ScaleToLargest(scaled);
     conic = scaled;
     return true;

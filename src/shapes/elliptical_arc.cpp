@@ -159,10 +159,9 @@ drw_con_arc_t EllipticalArcGeom::Cnj2ConEllipse(DblPt* c, DblPt* cdp1, DblPt* cd
     if (!isDegenerate) {
         conic = internal::ConicOfDiameters(d);
         const internal::AxisRoots roots = internal::AxisRootsOf(d, conic);
-        const bool hasShorter = internal::ComputeSemiAxis(roots.larger, shorter);
+        internal::ComputeSemiAxis(roots.larger, shorter);
         const bool hasLonger = internal::ComputeSemiAxis(roots.smaller, longer);
-        isDegenerate =
-            !hasShorter || !hasLonger || roots.larger < internal::kDegenerate || roots.smaller < internal::kDegenerate;
+        isDegenerate = !hasLonger || roots.smaller < internal::kDegenerate;
     }
 
     drw_con_arc_t arc = {};

@@ -531,17 +531,36 @@ TEST(EllipseConic, CollinearDiametersAreFlagged) {
 }
 
 TEST(EllipseConic, TheDeterminantMustBeAboveItsThreshold) {
-    // det = 1e-38 with u = (1e-19, 0), v = (0, 1e-19 and more); unequal axes, so that it is no circle.
-    const auto convert = [](double length) { return Convert({}, {1e-19, 0.0}, {1e-25, length}, {}, {}, false); };
-    const double threshold = 1e-38 / 1e-19;
-    ASSERT_EQ(threshold * 1e-19, 1e-38);
-    const Conversion at = convert(threshold);
+    // Two lengths whose product is 1e-38 itself.
+    const double x = 0x1.d614b7c5408acp-63;
+    const double y = 0x1.da66fa11c53c8p-65;
+    ASSERT_EQ(x * y, 1e-38);
+    const Conversion at = Convert({}, {x, 0.0}, {0.0, y}, {1.0, 1.0}, {1.0, 2.0}, false);
     EXPECT_FALSE(at.isEllipse);
     EXPECT_EQ(at.in.semiAxis1, kUnwritten);
     EXPECT_TRUE(HasEnds(at.out, 0.0, 0.0, 0.0, 0.0));
-    const Conversion above = convert(threshold * 2.0);
+    const Conversion above = Convert({}, {x, 0.0}, {0.0, std::nextafter(y, 1.0)}, {1.0, 1.0}, {1.0, 2.0}, false);
     EXPECT_TRUE(above.isEllipse);
-    EXPECT_NEAR(above.in.semiAxis2, 2e-19, 1e-30);
+    EXPECT_NEAR(above.in.semiAxis2, x, 1e-30);
+}
+
+TEST(EllipseConic, TheSpreadOfItsSquaresMustReachItsThreshold) {
+    // Two lengths whose squares are 1e-38 itself apart.
+    const double x = 0x1.c6f851208aa2ep-63;
+    const double y = 0x1.84e742e4cfee7p-63;
+    ASSERT_EQ(x * x - y * y, 1e-38);
+    EXPECT_TRUE(Convert({}, {x, 0.0}, {0.0, y}, {}, {}, true).isEllipse);
+    EXPECT_FALSE(Convert({}, {x, 0.0}, {0.0, std::nextafter(y, 1.0)}, {}, {}, true).isEllipse);
+}
+
+TEST(EllipseConic, TheSmallerRootMustReachItsThreshold) {
+    // Axes whose smaller root is 1e-38 itself.
+    const double x = 0x1.158e460913d00p+63;
+    const double y = 0x1.522ad2fc49636p+62;
+    const double det = y * x;
+    ASSERT_EQ(((y * y + x * x) / 2.0 - (x * x - y * y) / 2.0) / (det * det), 1e-38);
+    EXPECT_TRUE(Convert({}, {x, 0.0}, {0.0, y}, {}, {}, true).isEllipse);
+    EXPECT_FALSE(Convert({}, {x * (1.0 + 1e-14), 0.0}, {0.0, y}, {}, {}, true).isEllipse);
 }
 
 TEST(EllipseConic, ACircleIsFlagged) {
@@ -681,6 +700,28 @@ TEST(StandardEllipse, HasItsOwnCentre) {
     EXPECT_EQ(s.center.y, -5.0);
     EXPECT_EQ(s.a, 4.0);
     EXPECT_EQ(s.b, 2.0);
+    // One linear term alone: 2.7 x^2 + 1.4 y^2 + 5 x = 1, and the same with the axes exchanged.
+    const std_ell_typ right = StandardOf(Closed(MakeConic(2.7, 0.0, 1.4, 5.0, 0.0, -1.0)));
+    EXPECT_EQ(right.center.x, -5.0 / (2.0 * 2.7));
+    EXPECT_EQ(right.center.y, 0.0);
+    const std_ell_typ up = StandardOf(Closed(MakeConic(1.4, 0.0, 2.7, 0.0, 5.0, -1.0)));
+    EXPECT_EQ(up.center.x, 0.0);
+    EXPECT_EQ(up.center.y, -5.0 / (2.0 * 2.7));
+    // Turned, by either term: the gradient vanishes at (-10, 3) / 91 and at (3, -10) / 91.
+    for (const bool isX : {true, false}) {
+        const std_ell_typ turned = StandardOf(Closed(MakeConic(5.0, 3.0, 5.0, isX ? 1.0 : 0.0, isX ? 0.0 : 1.0, -1.0)));
+        const double x = (isX ? -10.0 : 3.0) / 91.0;
+        const double y = (isX ? 3.0 : -10.0) / 91.0;
+        EXPECT_NEAR(turned.center.x, x * turned.cosine + y * turned.sine, 1e-16);
+        EXPECT_NEAR(turned.center.y, y * turned.cosine - x * turned.sine, 1e-16);
+    }
+}
+
+TEST(StandardEllipse, ASemiAxisIsTheRootOfAQuotient) {
+    // sqrt(1) / sqrt(2) would be off by a rounding.
+    const std_ell_typ s = StandardOf(Closed(MakeConic(2.0, 0.0, 7.0, 0.0, 0.0, -1.0)));
+    EXPECT_EQ(s.a, std::sqrt(1.0 / 2.0));
+    EXPECT_EQ(s.b, std::sqrt(1.0 / 7.0));
 }
 
 // The conic of an ellipse with the semi-axis a in direction turn, b across, and the given centre.
@@ -703,6 +744,7 @@ TEST(StandardEllipse, TurnsIntoTheAxes) {
             const DblPt center(1.5, -0.75);
             const std_ell_typ s = StandardOf(Closed(ConicOf(3.0, 1.25, turn, center, scale)));
             EXPECT_NEAR(s.cosine * s.cosine + s.sine * s.sine, 1.0, 1e-15);
+            EXPECT_GE(s.cosine, 0.0);
             // The frame's x may be either axis; a is the semi-axis along it.
             const double alongMajor = std::fabs(s.cosine * std::cos(turn) + s.sine * std::sin(turn));
             const bool isMajor = alongMajor > 0.5;
@@ -925,6 +967,12 @@ TEST(ConicHelpers, NormalizesAVector) {
         EXPECT_NEAR(v.x, 0.6, 1e-15);
         EXPECT_NEAR(v.y, -0.8, 1e-15);
     }
+    DblPt along(5.0, 0.0);
+    EXPECT_TRUE(e.utlx_normalize_vector(along));
+    EXPECT_TRUE(IsAt(along, 1.0, 0.0));
+    DblPt down(0.0, -5.0);
+    EXPECT_TRUE(e.utlx_normalize_vector(down));
+    EXPECT_TRUE(IsAt(down, 0.0, -1.0));
     for (const DblPt& p : {DblPt(0.0, 0.0), DblPt(kInf, 1.0), DblPt(1.0, -kInf), DblPt(0.0, kNaN), DblPt(kNaN, 1.0)}) {
         DblPt v = p;
         EXPECT_FALSE(e.utlx_normalize_vector(v));
@@ -958,6 +1006,8 @@ TEST(RayFromTheCentre, MeetsTheEllipse) {
         EXPECT_NEAR(met.x, std::sqrt(0.8), 1e-15);
         EXPECT_EQ(met.y, -met.x);
     }
+    EXPECT_TRUE(IsAt(Met(conic, 1e300, 1e-300), 2.0, 0.0));
+    EXPECT_TRUE(IsAt(Met(conic, -1e-300, -1e300), 0.0, -1.0));
     // So will the coefficients' sign.
     EXPECT_TRUE(IsAt(Met(Record(MakeConic(-0.25, 0.0, -1.0, 0.0, 0.0, 1.0)), 1.0, 0.0), 2.0, 0.0));
 }
@@ -967,6 +1017,9 @@ TEST(RayFromTheCentre, StartsAtTheConicsOwnCentre) {
     const CONIC_ARC conic = Record(MakeConic(1.0, 0.0, 4.0, -6.0, 40.0, 93.0));
     EXPECT_TRUE(IsAt(Met(conic, 1.0, 0.0), 7.0, -5.0));
     EXPECT_TRUE(IsAt(Met(conic, 0.0, -0.5), 3.0, -7.0));
+    // 4 x^2 + (y - 3)^2 = 4 and (x - 3)^2 + 4 y^2 = 4, which have one linear term.
+    EXPECT_TRUE(IsAt(Met(Record(MakeConic(4.0, 0.0, 1.0, 0.0, -6.0, 5.0)), 0.0, 1.0), 0.0, 5.0));
+    EXPECT_TRUE(IsAt(Met(Record(MakeConic(1.0, 0.0, 4.0, -6.0, 0.0, 5.0)), -1.0, 0.0), 1.0, 0.0));
     // Turned.
     const DblPt center(1.5, -0.75);
     const DblPt met = Met(Record(ConicOf(3.0, 1.25, 0.7, center)), std::cos(0.7), std::sin(0.7));
@@ -979,9 +1032,10 @@ TEST(RayFromTheCentre, MayMeetNothing) {
     EXPECT_TRUE(IsAt(Met(ellipse, 0.0, 0.0), kUntouched.x, kUntouched.y));
     EXPECT_TRUE(IsAt(Met(ellipse, kNaN, 1.0), kUntouched.x, kUntouched.y));
     EXPECT_TRUE(IsAt(Met(ellipse, kInf, 1.0), kUntouched.x, kUntouched.y));
-    const con_arc_str nothing[] = {MakeConic(0.0, 0.0, 0.0, 0.0, 0.0, 0.0), MakeConic(0.0, 0.0, 0.0, 0.0, 0.0, -1.0),
-                                   MakeConic(1.0, 0.0, 1.0, 0.0, 0.0, 0.0), MakeConic(1.0, 0.0, 1.0, 0.0, 0.0, 1.0),
-                                   MakeConic(1.0, 0.0, 0.0, 0.0, 1.0, 0.0), MakeConic(0.0, 0.0, 0.0, 1.0, 1.0, 1.0)};
+    const con_arc_str nothing[] = {MakeConic(0.0, 0.0, 0.0, 0.0, 0.0, 0.0),  MakeConic(0.0, 0.0, 0.0, 0.0, 0.0, -1.0),
+                                   MakeConic(1.0, 0.0, 1.0, 0.0, 0.0, 0.0),  MakeConic(1.0, 0.0, 1.0, 0.0, 0.0, 1.0),
+                                   MakeConic(1.0, 0.0, 0.0, 0.0, 1.0, 0.0),  MakeConic(0.0, 0.0, 0.0, 1.0, 1.0, 1.0),
+                                   MakeConic(1.0, 0.0, 0.0, 0.0, 0.0, -1.0), MakeConic(1.0, 2.0, 1.0, 0.0, 0.0, -1.0)};
     for (const con_arc_str& conic : nothing)
         EXPECT_TRUE(IsAt(Met(Record(conic), 1.0, 2.0), kUntouched.x, kUntouched.y));
     // A hyperbola is met on one side of its asymptotes.

@@ -419,6 +419,16 @@ TEST(EllipticalArcConic, ASemiAxisOutOfRangeIsDegenerate) {
     EXPECT_EQ(huge.semiMinor, 0.0);
 }
 
+TEST(EllipticalArcConic, TheSmallerRootMustReachItsThreshold) {
+    // Axes whose smaller root is 1e-38 itself.
+    const double x = 0x1.158e460913d00p+63;
+    const double y = 0x1.522ad2fc49636p+62;
+    const double det = y * x;
+    ASSERT_EQ(((y * y + x * x) / 2.0 - (x * x - y * y) / 2.0) / (det * det), 1e-38);
+    EXPECT_FALSE(Convert(DblPt(), DblPt(x, 0.0), DblPt(0.0, y), DblPt(), DblPt(), true).isDegenerate);
+    EXPECT_TRUE(Convert(DblPt(), DblPt(x * (1.0 + 1e-14), 0.0), DblPt(0.0, y), DblPt(), DblPt(), true).isDegenerate);
+}
+
 TEST(EllipticalArcConic, TheDeterminantMustBeAboveItsThreshold) {
     const double threshold = 1e-38 / 1e-19;
     ASSERT_EQ(threshold * 1e-19, 1e-38);
