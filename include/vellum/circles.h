@@ -59,7 +59,9 @@ public:
     VELLUM_INLINE bool HasVertex(const DblPt& p) const { return center.IsExactly(p); }
     /// Where the line from the centre through @p p meets the circle, on the side of @p p. The tolerance of
     /// `FindLineCircleIntersect` counts the line as a tangent where the distance to @p p times the radius is below
-    /// some 1.7e-4: the result is the centre then, and NaN where @p p is the centre itself.
+    /// some 1.7e-4: the result is the centre then, and NaN where @p p is the centre itself. Far from the origin a small
+    /// circle is met inexactly, and @p out may stay as it was, since some 1e-16 of the centre's square is lost beside
+    /// the radius's.
     void ClosestPt(const DblPt& p, DblPt& out) const;
 
     /// @name The closed shape

@@ -80,7 +80,8 @@ public:
     double URY() const;
     void ellipse_maxmin(DblPt* max, DblPt* min) const;
     /// The distance to the ellipse from @p p, which is taken relative to the centre: see `utl_point_conarc`. Without
-    /// a conic (see above) it is the distance of @p p as it stands from the major point.
+    /// a conic (see above) it is the distance of @p p as it stands from the major point. The coefficients of a turned
+    /// ellipse hold its longer axis only to some 1e-16 of the square of the axes' ratio, longer to shorter.
     double DistPointEllipse(DblPt& p) const;
     /// @}
 
@@ -112,7 +113,8 @@ public:
     /// The distance from @p p, in the conic's own coordinates, to the nearest point of the arc (of the whole ellipse
     /// where it is closed). The error is at most 1e-12 of the larger semi-axis, or of the distance where that is
     /// more, beyond what the rounding of the coefficients and of the ends moves the arc, for every ratio of the axes
-    /// and every position. The coefficients count as they are, without the tolerance of `utl_conic_type` or the
+    /// and every position; coefficients whose products with the centre leave the range of numbers are beyond it. The
+    /// coefficients count as they are, without the tolerance of `utl_conic_type` or the
     /// flatness above. For what is no real ellipse the ends alone are known: the distance to the nearer one. NaN in
     /// @p p gives NaN.
     double utl_point_conarc(DblPt& p, con_arc_str* conic) const;

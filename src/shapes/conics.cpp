@@ -49,7 +49,7 @@ struct QuadraticPart {
 
 /// The centre; no finite point where there is no single one.
 DblPt CenterOf(const Conic& conic) {
-    if (conic.xy == 0.0) return DblPt(-conic.x / (2.0 * conic.xx), -conic.y / (2.0 * conic.yy));
+    if (conic.xy == 0.0) return DblPt(-conic.x / 2.0 / conic.xx, -conic.y / 2.0 / conic.yy);
     const QuadraticPart q(conic);
     const double det = 2.0 * q.Determinant();
     return DblPt(std::scalbn(DifferenceOfProducts(q.xy / 2.0, conic.y, q.yy, conic.x) / det, -q.exponent),

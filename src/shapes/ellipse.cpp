@@ -124,7 +124,7 @@ char EllipseGeom::utl_conic_type(con_arc_str* conic) const {
     if (isZero(discriminant)) return 'P';
     if (discriminant > 0.0) return 'H';
     if (std::isnan(discriminant)) return '?';
-    return isZero(b) && isZero(a - c) ? 'C' : 'E';
+    return std::fabs(b) > kTypeTolerance || std::fabs(a - c) > kTypeTolerance ? 'E' : 'C';
 }
 
 void EllipseGeom::utl_standard_ellipse(con_arc_str* conic, std_ell_typ* out) const {

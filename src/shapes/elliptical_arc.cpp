@@ -54,7 +54,7 @@ AlignedDblRect BoxBetween(const DblPt& from, const DblPt& to, double a, double b
     AlignedDblRect box(from, to);
     const int lastQuadrant = QuadrantOf(to);
     int quadrant = QuadrantOf(from);
-    const bool isShort = (from.x / a) * (to.y / b) - (from.y / b) * (to.x / a) > 0.0;
+    const bool isShort = from.x * to.y - from.y * to.x > 0.0;
     if (quadrant == lastQuadrant && isShort) return box;
     do {
         quadrant = (quadrant + 1) % kQuadrants;

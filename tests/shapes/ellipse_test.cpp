@@ -1044,4 +1044,37 @@ TEST(RayFromTheCentre, MayMeetNothing) {
     EXPECT_TRUE(IsAt(Met(hyperbola, 0.0, 1.0), kUntouched.x, kUntouched.y));
 }
 
+TEST(ConicBox, TheSamplesFollowTheFormulaInItsOrder) {
+    RandomNumbers random(39);
+    const con_arc_str conic = MakeConic(0.25, 0.0, 1.0, 0.0, 0.0, -1.0);
+    for (int i = 0; i < 500; ++i) {
+        const double from = random.Within(0.0, kTwoPi);
+        const double to = from + random.Within(0.5, 6.0);
+        const con_arc_str arc = Arc(conic, {2.0 * std::cos(from), std::sin(from)}, {2.0 * std::cos(to), std::sin(to)});
+        const std_ell_typ s = StandardOf(arc);
+        const int last = static_cast<int>(s.sweepAngle / 0.087);
+        AlignedDblRect box(DblPt(arc.start.x, arc.start.y), DblPt(arc.end.x, arc.end.y));
+        for (int k = 0; k <= last; ++k) {
+            const double t = s.startAngle + k * s.sweepAngle / last;
+            box.Enclose(s.a * std::cos(t), s.b * std::sin(t));
+        }
+        EXPECT_EQ(BoxOf(arc), box);
+    }
+}
+
+TEST(EllipseConic, ASemiAxisUpTo1e38IsWritten) {
+    const Conversion c = Convert({}, {1e37, 0.0}, {0.0, 3e36}, {}, {}, true);
+    EXPECT_FALSE(c.isEllipse);
+    EXPECT_NEAR(c.in.semiAxis1, 3e36, 1e24);
+    EXPECT_NEAR(c.in.semiAxis2, 1e37, 1e25);
+    EXPECT_EQ(Convert({}, {1.1e38, 0.0}, {0.0, 3e36}, {}, {}, true).in.semiAxis2, kUnwritten);
+}
+
+// Of infinite coefficients neither difference is beyond the tolerance.
+TEST(ConicType, InfiniteCoefficientsWithoutADifferenceAreACircle) {
+    EllipseGeom ellipse;
+    con_arc_str conic = MakeConic(INFINITY, 0.0, INFINITY, 0.0, 0.0, -1.0);
+    EXPECT_EQ(ellipse.utl_conic_type(&conic), 'C');
+}
+
 }  // namespace

@@ -714,4 +714,58 @@ TEST(ConicEndpoints, AreMappedIntoTheFrame) {
     EXPECT_TRUE(IsAt(end, 10.25, 20.75));
 }
 
+TEST(ConicArcExtents, FollowTheFormulasInTheirOrder) {
+    RandomNumbers random(38);
+    for (int i = 0; i < 300; ++i) {
+        const double a = random.Within(0.5, 2.0);
+        const double b = random.Within(-0.4, 0.4);
+        const double c = random.Within(0.5, 2.0);
+        const double d = random.Within(-3.0, 3.0);
+        const double e = random.Within(-3.0, 3.0);
+        const double f = random.Within(-9.0, -5.0);
+        // The ends inside, so that the box is the whole ellipse's.
+        const AlignedDblRect box = ExtentsOf(MakeConic(a, b, c, d, e, f, DblPt(), DblPt())).box;
+        const double t = std::atan2(b, a - c) / 2.0;
+        const double cs = std::cos(t);
+        const double sn = std::sin(t);
+        const double a1 = a * (cs * cs) + b * sn * cs + c * (sn * sn);
+        const double c1 = a * (sn * sn) - b * sn * cs + c * (cs * cs);
+        const double cx = (d * cs + e * sn) / (2.0 * a1);
+        const double cy = (e * cs - d * sn) / (2.0 * c1);
+        const double f2 = f - (cy * cy * c1 + cx * cx * a1);
+        const double alongX = std::sqrt(-f2 / a1);
+        const double alongY = std::sqrt(-f2 / c1);
+        Mtx2D frame;
+        frame.Rotate(-(t * 57.29577951308232), 2);
+        frame.Translate(cx, cy);
+        const Mtx2D back = frame.Invert();
+        AlignedDblRect expected;
+        for (int k = 0; k < 4; ++k) {
+            DblPt p(k % 3 == 0 ? -alongX : alongX, k < 2 ? -alongY : alongY);
+            back.RealXfmPt(p);
+            if (k == 0) expected.TSet(p, p);
+            expected += p;
+        }
+        EXPECT_EQ(box, expected);
+    }
+}
+
+TEST(EllipticalArcExtents, FallBackToTheEndsOfAConicThatCancels) {
+    // u = (7, 11), v = -3 u + 2^-24 (-11, 7): not degenerate, but turned into its axes a coefficient is negative.
+    const EllipticalArcGeom thin(DblPt(), DblPt(7.0, 11.0), DblPt(-21.0 - 11.0 * 0x1p-24, -33.0 + 7.0 * 0x1p-24),
+                                 DblPt(7.0, 11.0), DblPt(-7.0, -11.0));
+    Conversion c =
+        Convert(thin.center, thin.conjugateDiameterPt1, thin.conjugateDiameterPt2, thin.start, thin.end, false);
+    ASSERT_FALSE(c.isDegenerate);
+    ASSERT_FALSE(ExtentsOf(c.arc).isReal);
+    ASSERT_GT(c.arc.start.x, 7.0);
+    EXPECT_TRUE(IsBox(ExtentsOf(thin), c.arc.end.x, c.arc.end.y, c.arc.start.x, c.arc.start.y));
+}
+
+// A conic that is a point leaves the ends where they are; they are compared by their coordinates all the same.
+TEST(ConicArcExtents, OfAPointAreTheBoxOfTheEnds) {
+    const AlignedDblRect box = ExtentsOf(MakeConic(1.0, 0.0, 4.0, 0.0, 0.0, 0.0, DblPt(2.0, 1.0), DblPt(1.0, 2.0))).box;
+    EXPECT_EQ(box, AlignedDblRect(1.0, 1.0, 2.0, 2.0));
+}
+
 }  // namespace
