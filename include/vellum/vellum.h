@@ -8,6 +8,7 @@
 #include "vellum/circles.h"
 #include "vellum/clearance.h"
 #include "vellum/clipping.h"
+#include "vellum/connector.h"
 #include "vellum/containers.h"
 #include "vellum/ellipses.h"
 #include "vellum/entity_id.h"
@@ -23,6 +24,7 @@
 #include "vellum/restricted_text.h"
 #include "vellum/segment.h"
 #include "vellum/shape.h"
+#include "vellum/shortest_paths.h"
 #include "vellum/status.h"
 #include "vellum/ucs2_string.h"
 
