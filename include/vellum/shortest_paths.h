@@ -49,22 +49,31 @@ public:
 ///
 /// The polylines may hold fewer than 2^30 vertices in all. An engine that got no memory for its nodes has none:
 /// nothing is found in it.
+///
+/// Hosts leave out vertices that are not finite. Nothing is reached over them, except from a start at infinity: an
+/// edge to another vertex at the same infinity costs NaN, and an offer of NaN is never declined. A node is then
+/// queued anew with every offer until it is taken off, and expanded as often, so that a search may take exponential
+/// time and memory.
 class VELLUM_API SPTEngine {
 public:
-    PolylineGeom** polylines;  ///< owned, made with new[], as are the polylines; null ones count as empty
+    PolylineGeom** polylines;  ///< owned, made with new[], its polylines with new; null ones count as empty
     uint32_t polylineCount;
-    std::list<SPTNode*>* nodeList;  ///< every node, in the order in which they were made; the engine owns the nodes
-    std::list<SPTNode*>* pq;        ///< the queue, by ascending cost
-    SPTNode*** nodePolys;           ///< for each polyline the nodes of its vertices; null for a vertex with a NaN
-    SPTNode* current;               ///< the node being expanded
+    std::list<SPTNode*>* nodeList;   ///< every node, in the order in which they were made; the engine owns the nodes
+    std::list<SPTNode*>* pq;         ///< the queue, by ascending cost
+    SPTNode*** nodePolys = nullptr;  ///< for each polyline the nodes of its vertices; null for a vertex with a NaN
+    SPTNode* current = nullptr;      ///< the node being expanded
 
     /// Takes over the array, made with new[], and every polyline in it.
     SPTEngine(PolylineGeom** network, unsigned count);
     SPTEngine(const SPTEngine&) = delete;
     ~SPTEngine();
     /// Copies the fields as they stand: both engines then hold the same network, nodes and queue. Of what this one
-    /// held only the nodes are freed. A host that assigns sets the pointers of one of the two to null before either
-    /// is destroyed.
+    /// held only the nodes are freed; the rest is the host's, which may delete its old lists and `nodePolys` but not
+    /// look up the nodes in them.
+    ///
+    /// Before either engine is destroyed, the host sets the pointers of one of the two to null, or puts back those
+    /// that the one assigned to had; but not `state`, which counts the engines that hold it and goes with the last.
+    /// The engine whose pointers were changed may be destroyed or assigned to, and not be used otherwise.
     SPTEngine& operator=(const SPTEngine& other);
 
     /// @name Searching
@@ -103,11 +112,13 @@ public:
     /// Appends to the list a node for every vertex of the first polyline, then one for each later vertex that has no
     /// node yet. `InitNodePolys` has to follow, to join them.
     void InitNodeList();
-    /// Maps the vertices, as they were when `InitNodeList` saw them, to the first node at each.
+    /// Maps the vertices, as they were when `InitNodeList` saw them, to the first node at each. A host that changes
+    /// the polylines calls both again.
     void InitNodePolys();
     /// Queues the neighbours of the current node that are not in the tree.
     void SetPQFromCurrentTreeNode();
-    /// The same for vertex @p i of the @p n vertices of one polyline; sorts the queue where anything improved.
+    /// The same for vertex @p i of the @p n vertices of one polyline; sorts the queue where anything improved. With
+    /// @p i equal to @p n there is only the vertex before.
     void AddNeighborsToPQ(SPTNode** nodes, unsigned n, unsigned i);
     /// Offers @p node the way over the current node. Where that is cheaper, @p node is appended to the queue, which
     /// stays unsorted. False where it is not, where @p node is null, and where there is no memory to queue it.
@@ -117,7 +128,7 @@ public:
     /// @name Debug output
     /// @{
 
-    /// A vertex without a node is shown by its own coordinates.
+    /// A vertex without a node is shown by its own coordinates, or as NaN where its polyline has it no longer.
     void PrintNodePolys();
     void PrintPQ();
     /// @}

@@ -18,7 +18,8 @@ namespace Vellum::internal {
 /// is below. An item lies in a bucket of the level of the highest digit in which its key differs from the base, and
 /// there in the one of the value of that digit. So keys in a lower bucket are lower, equal keys lie in one bucket,
 /// and those in a bucket of level 0 are all equal. Where level 0 is empty, the least key in the lowest bucket
-/// becomes the base, and the items in that bucket go to lower ones, which are empty, in their order.
+/// becomes the base, and the items in that bucket go to lower ones, which are empty, in their order; an item that is
+/// alone there is taken off as it is.
 class MonotoneQueue {
 public:
     /// To be called before anything else. False where memory runs out.
@@ -51,12 +52,16 @@ public:
     /// False where there is no item.
     bool Pop(double& cost, uint32_t& item) {
         if (occupiedLevels_ == 0) return false;
-        if ((occupiedLevels_ & 1) == 0) EmptyLowestBucket();
-        const auto bucket = static_cast<uint32_t>(std::countr_zero(occupiedDigits_[0]));
-        const uint32_t i = entries_[bucket].next;
+        Bucket lowest = LowestBucket();
+        // Where an item is alone there is none to tell it from.
+        if (lowest.level != 0 && entries_[lowest.index].next != lasts_[lowest.index]) {
+            Empty(lowest);
+            lowest = LowestBucket();
+        }
+        const uint32_t i = entries_[lowest.index].next;
         Entry& entry = entries_[i];
-        entries_[bucket].next = entry.next;
-        if (lasts_[bucket] == i) MarkEmpty(0, bucket);
+        entries_[lowest.index].next = entry.next;
+        if (lasts_[lowest.index] == i) MarkEmpty(lowest);
         entry.next = unused_;
         unused_ = i;
         cost = std::bit_cast<double>(entry.key);
@@ -80,6 +85,12 @@ private:
         uint32_t next;
     };
 
+    struct Bucket {
+        unsigned level;
+        unsigned digit;
+        uint32_t index;
+    };
+
     void Put(uint32_t i) {
         const uint64_t key = entries_[i].key;
         const unsigned level = (static_cast<unsigned>(std::bit_width((key ^ base_) | 1)) - 1) / kDigitBits;
@@ -92,16 +103,20 @@ private:
         ++moves_;
     }
 
-    void EmptyLowestBucket() {
+    Bucket LowestBucket() const {
         const auto level = static_cast<unsigned>(std::countr_zero(occupiedLevels_));
         const auto digit = static_cast<unsigned>(std::countr_zero(occupiedDigits_[level]));
-        const uint32_t bucket = level * kDigits + digit;
-        const uint32_t last = lasts_[bucket];
-        MarkEmpty(level, digit);
+        return {level, digit, level * kDigits + digit};
+    }
+
+    /// Moves the items of the lowest bucket to lower ones.
+    void Empty(const Bucket& lowest) {
+        const uint32_t last = lasts_[lowest.index];
+        MarkEmpty(lowest);
         base_ = entries_[last].key;
-        for (uint32_t i = entries_[bucket].next; i != last; i = entries_[i].next)
+        for (uint32_t i = entries_[lowest.index].next; i != last; i = entries_[i].next)
             base_ = std::min(base_, entries_[i].key);
-        for (uint32_t i = entries_[bucket].next; i != last;) {
+        for (uint32_t i = entries_[lowest.index].next; i != last;) {
             const uint32_t next = entries_[i].next;
             Put(i);
             i = next;
@@ -109,10 +124,10 @@ private:
         Put(last);
     }
 
-    void MarkEmpty(unsigned level, unsigned digit) {
-        lasts_[level * kDigits + digit] = level * kDigits + digit;
-        occupiedDigits_[level] &= ~(1U << digit);
-        if (occupiedDigits_[level] == 0) occupiedLevels_ &= ~(1U << level);
+    void MarkEmpty(const Bucket& bucket) {
+        lasts_[bucket.index] = bucket.index;
+        occupiedDigits_[bucket.level] &= ~(1U << bucket.digit);
+        if (occupiedDigits_[bucket.level] == 0) occupiedLevels_ &= ~(1U << bucket.level);
     }
 
     // Linked lists: the first entries are the heads of the buckets, the others those of the items.

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <iterator>
+#include <limits>
 #include <memory>
 #include <new>
 
@@ -71,12 +72,24 @@ std::list<SPTNode*>::const_iterator PlaceInList(const SPTEngine& engine, uint32_
     const std::list<SPTNode*>& list = *engine.nodeList;
     auto& places = engine.state->listPlaces;
     if (places.Size() != list.size()) {
-        if (!places.Resize(list.size())) return std::next(list.begin(), i);
+        const bool hasMemory = places.Resize(list.size());
+        engine.state->listSteps += hasMemory ? list.size() : i;
+        if (!hasMemory) return std::next(list.begin(), i);
         size_t count = 0;
         for (auto place = list.begin(); place != list.end(); ++place)
             places[count++] = place;
     }
     return places[i];
+}
+
+// A vertex without a node is where its polyline has it, which a host may have cut since.
+DblPt PositionOf(const SPTEngine& engine, size_t line, size_t vertex) {
+    if (const SPTNode* const node = engine.nodePolys[line][vertex]) return node->pt;
+    const bool hasLine = engine.polylines != nullptr && line < engine.polylineCount;
+    const PolylineGeom* const polyline = hasLine ? engine.polylines[line] : nullptr;
+    if (polyline != nullptr && vertex < internal::PointsOf(*polyline).size()) return polyline->pts[vertex];
+    constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+    return DblPt(kNan, kNan);
 }
 
 enum class OfferOutcome { Declined, Accepted, OutOfMemory };
@@ -166,8 +179,6 @@ SPTEngine::SPTEngine(PolylineGeom** network, unsigned count)
       polylineCount(count),
       nodeList(MakeOrNull<std::list<SPTNode*>>()),
       pq(MakeOrNull<std::list<SPTNode*>>()),
-      nodePolys(nullptr),
-      current(nullptr),
       state(MakeOrNull<SPTState>()) {
     if (nodeList == nullptr || pq == nullptr) {
         delete state;
@@ -222,14 +233,14 @@ void SPTEngine::InitNodePolys() {
         DropNodes(*this);
         return;
     }
-    SPTNode** next = nodes.get();
+    nodePolys = lines.release();
+    nodePolys[0] = nodes.release();
+    SPTNode** next = nodePolys[0];
     for (size_t i = 0; i < network.LineCount(); ++i) {
-        lines[i] = next;
+        nodePolys[i] = next;
         for (const uint32_t node : network.VertexNodesOf(i))
             *next++ = NodeOf(network, node);
     }
-    nodes.release();
-    nodePolys = lines.release();
 }
 
 bool SPTEngine::BuildSPT(const DblPt& start) {
@@ -286,9 +297,14 @@ PolylineGeom* SPTEngine::GenerateSPPolyline(const SPTNode* node) const {
 }
 
 bool SPTEngine::FindNode(const DblPt& pt, std::list<SPTNode*>::const_iterator& it) const {
-    const uint32_t i = state == nullptr ? SPTNetwork::kNone : state->network.Find(pt);
-    if (nodeList != nullptr) it = i == SPTNetwork::kNone ? nodeList->cend() : PlaceInList(*this, i);
-    return i != SPTNetwork::kNone;
+    if (nodeList == nullptr) return false;
+    it = nodeList->cend();
+    if (state == nullptr) return false;
+    const uint32_t i = state->network.Find(pt);
+    // A host may have put in a list of its own since, without the nodes.
+    if (i >= nodeList->size()) return false;
+    it = PlaceInList(*this, i);
+    return true;
 }
 
 void SPTEngine::SetPQFromCurrentTreeNode() {
@@ -298,14 +314,13 @@ void SPTEngine::SetPQFromCurrentTreeNode() {
 }
 
 void SPTEngine::AddNeighborsToPQ(SPTNode** nodes, unsigned n, unsigned i) {
-    if (state == nullptr || nodes == nullptr || i >= n) return;
+    if (state == nullptr || nodes == nullptr || i > n) return;
     state->queueIndex.Forget();
-    OfferToPair(*this, i > 0 ? nodes[i - 1] : nullptr, i < n - 1 ? nodes[i + 1] : nullptr);
+    OfferToPair(*this, i > 0 ? nodes[i - 1] : nullptr, size_t{i} + 1 < n ? nodes[i + 1] : nullptr);
 }
 
 bool SPTEngine::AddVertexNodeToPQ(SPTNode* node) {
     if (state == nullptr) return false;
-    state->queueIndex.Forget();
     return Offer(*this, node) == OfferOutcome::Accepted;
 }
 
@@ -315,7 +330,7 @@ void SPTEngine::PrintNodePolys() {
         DbgPrintf("PolylineGeom {\n");
         const size_t count = state->network.VertexNodesOf(i).size();
         for (size_t k = 0; k < count; ++k) {
-            const DblPt& p = nodePolys[i][k] == nullptr ? polylines[i]->pts[k] : nodePolys[i][k]->pt;
+            const DblPt p = PositionOf(*this, i, k);
             DbgPrintf("{%lf, %lf},\n", p.x, p.y);
         }
         DbgPrintf("};\n\n");

@@ -30,8 +30,8 @@ uint64_t HashOf(const DblPt& p) {
 }  // namespace
 
 SPTNetwork::~SPTNetwork() {
-    for (SPTNode* page : pages_)
-        ::operator delete(page);
+    for (const Page& page : pages_)
+        ::operator delete(page.nodes);
 }
 
 bool SPTNetwork::AddNodes(std::span<const PolylineGeom* const> lines) {
@@ -88,7 +88,7 @@ bool SPTNetwork::AppendNode(const DblPt& p) {
     if (size_ == pages_.Size() * kPageNodes) {
         void* const page = ::operator new(kPageNodes * sizeof(SPTNode), std::nothrow);
         if (page == nullptr) return false;
-        if (!pages_.Append(static_cast<SPTNode*>(page))) {
+        if (!pages_.Append({static_cast<SPTNode*>(page)})) {
             ::operator delete(page);
             return false;
         }
@@ -105,7 +105,9 @@ bool SPTNetwork::ReserveTable(size_t nodes) {
     if (!table_.Resize(places)) return false;
     std::fill(table_.begin(), table_.end(), kNone);
     tableShift_ = 64 - bits;
-    tagMask_ = kNone << std::bit_width(nodes);
+    // There is room for fewer nodes than half of the places: their numbers fit in the bits below, and none has all of
+    // these set, as kNone has.
+    tagMask_ = kNone << (bits - 1);
     for (uint32_t i = 0; i < size_; ++i) {
         const DblPt& p = (*this)[i].pt;
         if (HasNan(p)) continue;

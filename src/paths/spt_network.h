@@ -51,7 +51,7 @@ public:
     void Clear();
 
     uint32_t Size() const { return size_; }
-    SPTNode& operator[](uint32_t i) const { return pages_[i / kPageNodes][i % kPageNodes]; }
+    SPTNode& operator[](uint32_t i) const { return pages_[i / kPageNodes].nodes[i % kPageNodes]; }
     /// The number of the first node exactly at @p p, or `kNone`.
     uint32_t Find(const DblPt& p) const;
     /// Brings all nodes into the state of new ones.
@@ -60,8 +60,9 @@ public:
     /// In the order of polylines and vertices.
     std::span<const Occurrence> OccurrencesOf(uint32_t i) const {
         const Occurrence& only = occurrences_[i];
-        if (!IsList(only)) return {&only, 1};
-        return {lists_.begin() + only.after, only.before & kListLength};
+        const size_t count = IsList(only) ? only.before & kListLength : 1;
+        visited_ += count;
+        return {IsList(only) ? lists_.begin() + only.after : &only, count};
     }
     /// For a node that is soon asked for its occurrences.
     void PrefetchOccurrencesOf(uint32_t i) const {
@@ -86,12 +87,18 @@ public:
 
     /// How many places of the table have been looked at.
     uint64_t Probes() const { return probes_; }
+    /// How many occurrences have been asked for.
+    uint64_t Visited() const { return visited_; }
 
 private:
     static constexpr uint32_t kPageNodes = 1024;
     // Apart from numbers of nodes, and from kNone.
     static constexpr uint32_t kList = 0x80000000;
     static constexpr uint32_t kListLength = 0x3fffffff;
+
+    struct Page {
+        SPTNode* nodes;
+    };
 
     static bool IsList(const Occurrence& occurrence) { return (occurrence.before & ~kListLength) == kList; }
 
@@ -104,7 +111,7 @@ private:
     bool MapVertex(const DblPt& p, uint64_t hash, bool isNew, uint32_t& mapped);
     bool MakeRoomForLists();
 
-    ScratchArray<SPTNode*> pages_;
+    ScratchArray<Page> pages_;
     uint32_t size_ = 0;
 
     // Open addressing with linear probing. A place holds the number of a node, and in the bits above it some of its
@@ -125,6 +132,7 @@ private:
     ScratchArray<Occurrence> occurrences_;
     ScratchArray<Occurrence> lists_;
     uint32_t onlyOnce_ = 0;  ///< nodes with one occurrence
+    mutable uint64_t visited_ = 0;
 };
 
 }  // namespace Vellum::internal

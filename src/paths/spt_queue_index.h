@@ -21,7 +21,8 @@ public:
     /// Follows @p queue from here on, unless it does so already. Where the costs do not ascend or memory runs out it
     /// does not, and sorts the queue as a whole.
     void Follow(Queue& queue);
-    /// To be called before anything but this class changes the queue, or the costs of the nodes in it.
+    /// To be called before anything but this class changes the queue, or the costs of the nodes in it. Where a node is
+    /// only appended, and not sorted in, there is no need: `Follow` sees that the queue is longer.
     void Forget();
 
     void PopFront(Queue& queue);

@@ -46,6 +46,11 @@ private:
         while (to != SPTNetwork::kNone) {
             SPTNode& node = network_[to];
             cost += EdgeCost(previous->pt, node.pt);
+            if (cost == previous->cost) {
+                // A node that is its own neighbour offers nothing.
+                if (&node != previous) outcome_ = SearchOutcome::Undecided;
+                return;
+            }
             if (!(cost < node.cost)) {
                 if (cost == node.cost) Settle(*previous, node);
                 return;
@@ -62,8 +67,9 @@ private:
         }
     }
 
-    // Which of two offers of the same cost came first. What was walked to from `to` before, if anything, has been
-    // reached at less from this side since: no depth hangs on that of `to`.
+    // Which of two offers of the same cost came first. Both nodes that make one cost less than `to`. What was walked
+    // to from `to` on this side before, if anything, has been reached at less than `to` costs since: no depth hangs
+    // on that of `to`.
     void Settle(SPTNode& from, SPTNode& to) {
         if (to.parent == nullptr || to.parent == &from) return;
         if (from.cost < to.parent->cost) {

@@ -19,8 +19,9 @@ namespace Vellum::internal {
 enum class SearchOutcome { Complete, Undecided, OutOfMemory };
 
 /// Queues only nodes with a choice of ways on; chains of others are walked to the end. Of two equal offers it takes
-/// the cheaper node's to be the first; where both cost the same it is undecided, with the nodes in no particular
-/// state.
+/// the cheaper node's to be the first. It is undecided, with the nodes in no particular state, where both cost the
+/// same, and where an edge is so short that it is lost in the sum: the node at its end then costs the same as the one
+/// that makes the offer, and may make offers itself before.
 SearchOutcome SearchAlongChains(const SPTNetwork& network, MonotoneQueue& queue, uint32_t start, SPTNode*& last);
 
 /// Queues every node, and so knows the order in all cases.

@@ -20,6 +20,7 @@ struct SPTState {
     MonotoneQueue queue;
     SPTQueueIndex queueIndex;
     ScratchArray<std::list<SPTNode*>::const_iterator> listPlaces;  ///< where each node stands in the node list
+    uint64_t listSteps = 0;  ///< how many entries of the node list were passed to find out
 };
 
 }  // namespace Vellum::internal

@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <list>
 #include <map>
 #include <memory>
 #include <utility>
@@ -363,6 +364,9 @@ TEST(SPTSearch, GivesUpWhereOnlyTheOrderCanTell) {
     const Result result = RunAlongChains(uneven, DblPt(0, 0));
     EXPECT_EQ(result.outcome, SearchOutcome::Complete);
     EXPECT_EQ(result.last.y, 3);
+    // Neighbours of the same cost, one of which is reached over the other: the edges between them vanish in the sum.
+    const Joined ring({{{-6, -2}, {0, -2}, {0, -1e-17}, {0, 0}, {-1e-17, 0}, {-6, 0}, {-6, -2}}});
+    EXPECT_EQ(RunAlongChains(ring, DblPt(-6, -2)).outcome, SearchOutcome::Undecided);
     // A tie that a node dearer than both breaks.
     const Joined beyond({{{0, 0}, {1, 0}, {3, 0}}, {{0, 0}, {0, 1}, {0, 3}}, {{0, 0}, {-9, 0}}});
     EXPECT_EQ(RunAlongChains(beyond, DblPt(0, 0)).last.x, -9);
@@ -375,6 +379,8 @@ struct Work {
     uint64_t moves;       ///< in the queue of a whole search
     uint64_t placed;      ///< in the queue of a search by steps
     uint64_t stepProbes;  ///< of the table of nodes, in that search
+    uint64_t visited;     ///< occurrences of nodes in the whole search
+    uint64_t stepVisits;  ///< and in the one by steps
 };
 
 Work WorkFor(const Network& network) {
@@ -383,6 +389,7 @@ Work WorkFor(const Network& network) {
     work.probes = engine->state->network.Probes();
     const DblPt start = network[network.size() / 2][0];
     EXPECT_TRUE(engine->BuildSPT(start));
+    work.visited = engine->state->network.Visited();
     work.moves = engine->state->queue.Moves();
     for (SPTNode* node : *engine->nodeList)
         node->Reset();
@@ -393,6 +400,7 @@ Work WorkFor(const Network& network) {
     }
     work.placed = engine->state->queueIndex.Placed();
     work.stepProbes = engine->state->network.Probes() - probes;
+    work.stepVisits = engine->state->network.Visited() - work.visited;
     return work;
 }
 
@@ -404,6 +412,7 @@ void ExpectNearlyLinear(const Work& small, const Work& large) {
     EXPECT_LT(ratio(small.moves, large.moves), 24);
     EXPECT_LT(ratio(small.placed, large.placed), 18);
     EXPECT_LT(ratio(small.stepProbes, large.stepProbes), 18);
+    EXPECT_LT(ratio(small.stepVisits, large.stepVisits), 18);
 }
 
 TEST(SPTWork, GrowsNearlyLinearlyOnGrids) {
@@ -415,6 +424,10 @@ TEST(SPTWork, GrowsNearlyLinearlyOnGrids) {
     EXPECT_LT(large.moves, 4 * kNodes);
     EXPECT_LT(large.placed, 2 * kNodes);
     EXPECT_LT(large.stepProbes, 2 * kNodes);
+    // Each node is expanded once in a whole search, and by steps as often as it was queued.
+    EXPECT_EQ(large.visited, 2 * kNodes);
+    EXPECT_GE(large.stepVisits, 2 * kNodes);
+    EXPECT_LT(large.stepVisits, 3 * kNodes);
     ExpectNearlyLinear(small, large);
 }
 
@@ -427,7 +440,23 @@ TEST(SPTWork, GrowsNearlyLinearlyOnRandomNetworks) {
     EXPECT_LT(large.moves, 7 * kNodes);
     EXPECT_LT(large.placed, 2 * kNodes);
     EXPECT_LT(large.stepProbes, 2 * kNodes);
+    EXPECT_GE(large.visited, 2 * kNodes);
+    EXPECT_LE(large.visited, 3 * kNodes);
+    EXPECT_GE(large.stepVisits, large.visited);
+    EXPECT_LT(large.stepVisits, 5 * kNodes);
     ExpectNearlyLinear(small, large);
+}
+
+/// The list is passed once, however many nodes are looked for.
+TEST(SPTWork, FindNodeKnowsTheList) {
+    RandomNumbers random(6);
+    const Network network = RandomGrid(50, random);
+    const std::unique_ptr<SPTEngine> engine = NewEngine(network);
+    std::list<SPTNode*>::const_iterator it;
+    for (const Polyline& line : network)
+        for (const DblPt& p : line)
+            ASSERT_TRUE(engine->FindNode(p, it) && (*it)->pt.IsExactly(p));
+    EXPECT_EQ(engine->state->listSteps, 2500u);
 }
 
 // ---- The index of the list ----

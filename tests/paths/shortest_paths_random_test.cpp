@@ -152,18 +152,25 @@ private:
 
 /// Where vertices lie. `Square` has equal edges everywhere; `Uneven` has edges of many lengths that add up to equal
 /// costs often; `Plane` has no ties but those of the estimate itself; `Mirror` has pairs of nodes with equal edges
-/// from the same.
-enum class Kind { Square, Uneven, Plane, Special, Mirror };
+/// from the same. `Vanishing` has edges that leave most costs as they are, `Coarse` edges of about the last bit of
+/// the costs.
+enum class Kind { Square, Uneven, Plane, Special, Mirror, Vanishing, Coarse };
 
 std::string NameOf(Kind kind) {
-    constexpr const char* kNames[] = {"Square", "Uneven", "Plane", "Special", "Mirror"};
+    constexpr const char* kNames[] = {"Square", "Uneven", "Plane", "Special", "Mirror", "Vanishing", "Coarse"};
     return kNames[static_cast<size_t>(kind)];
 }
 
 double RandomCoordinate(Kind kind, int size, RandomNumbers& random) {
     constexpr double kUneven[] = {0, 1, 3, 4, 7, 9, 10, 16, 17, 25};
     constexpr double kSpecial[] = {kNan, kInfinity, -kInfinity, -0.0, 1e308, -1e308, 5e-324};
+    constexpr double kVanishing[] = {0, 1, 2, 3, 1e16, 1e16 + 2, 2e16, 1e-17, 3e-17, 1e8};
     switch (kind) {
+        case Kind::Vanishing:
+            if (random.OneIn(3)) return random.OneOf(kVanishing);
+            return random.Between(0, 2);
+        case Kind::Coarse:
+            return random.OneIn(2) ? 0 : 1e15 + random.Between(0, size) * 0.125;
         case Kind::Uneven:
             return kUneven[random.Below(static_cast<size_t>(size))];
         case Kind::Plane:
@@ -196,18 +203,24 @@ Network RandomNetwork(Kind kind, RandomNumbers& random) {
     return network;
 }
 
+/// From each vertex of a chain to the next, at the least: no other chain comes there, where that is large.
+double ChainStep(Kind kind) {
+    if (kind == Kind::Vanishing) return 1e-17;
+    return kind == Kind::Coarse ? 0.125 : 100;
+}
+
 /// Junctions with chains of vertices between them.
 Network RandomChains(Kind kind, RandomNumbers& random) {
     std::vector<DblPt> junctions;
     for (int i = random.Between(2, 8); i > 0; --i)
         junctions.push_back(RandomPoint(kind, 5, random));
     Network network(1 + random.Below(10));
-    double offset = 100;
+    const double step = ChainStep(kind);
+    double offset = step;
     for (Polyline& line : network) {
         line.push_back(junctions[random.Below(junctions.size())]);
         for (size_t i = random.Below(7); i > 0; --i) {
-            // No other chain comes here.
-            offset += 100;
+            offset += step;
             line.push_back(DblPt(offset + RandomCoordinate(kind, 5, random), RandomCoordinate(kind, 5, random)));
         }
         if (!random.OneIn(6)) line.push_back(junctions[random.Below(junctions.size())]);
@@ -285,8 +298,7 @@ void OfferToRandomNode(Pair& pair, RandomNumbers& random) {
 void OfferAlongPolyline(Pair& pair, RandomNumbers& random) {
     const size_t line = random.Below(pair.tree.nodePolys.size());
     const size_t count = pair.tree.nodePolys[line].size();
-    if (count == 0) return;
-    const size_t i = random.Below(count);
+    const size_t i = random.Below(count + 1);
     pair.engine.AddNeighborsToPQ(pair.engine.nodePolys[line], static_cast<unsigned>(count), static_cast<unsigned>(i));
     pair.tree.AddNeighborsToPQ(pair.tree.nodePolys[line], i);
 }
@@ -405,7 +417,8 @@ TEST_P(ShortestPathsRandom, AnythingInAnyOrder) {
 }
 
 INSTANTIATE_TEST_SUITE_P(AllKinds, ShortestPathsRandom,
-                         testing::Values(Kind::Square, Kind::Uneven, Kind::Plane, Kind::Special, Kind::Mirror),
+                         testing::Values(Kind::Square, Kind::Uneven, Kind::Plane, Kind::Special, Kind::Mirror,
+                                         Kind::Vanishing, Kind::Coarse),
                          [](const testing::TestParamInfo<Kind>& param) { return NameOf(param.param); });
 
 /// Grids with lines at random whole distances: the same cost along many ways, and better ways to nodes in the queue.

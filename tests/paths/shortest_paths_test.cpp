@@ -18,6 +18,10 @@
 #include "support/debug_capture.h"
 #include "support/point_checks.h"
 
+#ifdef __SSE2__
+#include <xmmintrin.h>
+#endif
+
 namespace {
 
 using paths_tests::Network;
@@ -304,6 +308,31 @@ TEST(SPTEngine, InitNodeListAppends) {
     EXPECT_EQ(std::distance(engine.nodeList->cbegin(), it), 1);
 }
 
+/// There was room for few nodes at first, or for none.
+TEST(SPTEngine, InitNodeListSeesWhatHasBeenAdded) {
+    Engine grown(Network{{}});
+    for (const DblPt& p : {DblPt(0, 0), DblPt(1, 0), DblPt(1, 5)})
+        grown.polylines[0]->AddPoint(p);
+    grown.InitNodeList();
+    grown.InitNodePolys();
+    EXPECT_EQ(grown.nodePolys[0][1], grown.At(1, 0));
+    EXPECT_EQ(grown.nodePolys[0][2], grown.At(1, 5));
+    ASSERT_TRUE(grown.BuildSPT(DblPt(0, 0)));
+    EXPECT_EQ(grown.CostAt(1, 5), 0.96 * 1 + 0.96 * 5);
+
+    Engine joined({{{0, 0}}, {}});
+    for (const DblPt& p : {DblPt(0, 0), DblPt(1, 0), DblPt(1, 5)})
+        joined.polylines[1]->AddPoint(p);
+    joined.InitNodeList();
+    joined.InitNodePolys();
+    EXPECT_EQ(PointsOf(*joined.nodeList), (Points{{0, 0}, {0, 0}, {1, 0}, {1, 5}}));
+    EXPECT_EQ(joined.nodePolys[1][0], joined.nodeList->front());
+    EXPECT_EQ(joined.nodePolys[1][1], joined.At(1, 0));
+    EXPECT_EQ(joined.nodePolys[1][2], joined.At(1, 5));
+    ASSERT_TRUE(joined.BuildSPT(DblPt(0, 0)));
+    EXPECT_EQ(joined.CostAt(1, 5), 0.96 * 1 + 0.96 * 5);
+}
+
 /// As many nodes as fill several of the blocks in which memory for them is asked for, with every way of meeting the
 /// numbers at which one ends.
 TEST(SPTEngine, ManyNodesStayWhereTheyAre) {
@@ -432,6 +461,33 @@ TEST(SPTEngine, WhereChainsMeetTheCheaperNeighbourCameFirst) {
     EXPECT_TRUE(IsAt(square.ParentAt(6, 6), 6, 0));
     EXPECT_EQ(square.current, square.At(6, 6));
 }
+
+/// Three neighbours at the same cost, since the edges between them are lost in the sums: that of the way over (-6, 0)
+/// was queued first, and so offers to (0, 0) first.
+TEST(SPTEngine, EdgesThatVanishInTheSumKeepTheOrder) {
+    Engine engine({{{-6, -2}, {0, -2}, {0, -1e-17}, {0, 0}, {-1e-17, 0}, {-6, 0}, {-6, -2}}});
+    ASSERT_TRUE(engine.BuildSPT(DblPt(-6, -2)));
+    EXPECT_EQ(engine.CostAt(0, 0), 0.96 * 6 + 0.96 * 2);
+    EXPECT_EQ(engine.CostAt(0, -1e-17), engine.CostAt(0, 0));
+    EXPECT_EQ(engine.CostAt(-1e-17, 0), engine.CostAt(0, 0));
+    EXPECT_TRUE(IsAt(engine.ParentAt(0, 0), -1e-17, 0));
+    EXPECT_EQ(engine.At(0, 0)->depth, 3u);
+}
+
+#ifdef __SSE2__
+/// A host may have set the processor to take what is smaller than any normal number for zero: an edge costs nothing.
+TEST(SPTEngine, EdgesThatAreFlushedToZero) {
+    Engine engine({{{2.3e-308, 0}, {2.5e-308, 0}}});
+    const unsigned mode = _MM_GET_FLUSH_ZERO_MODE();
+    _MM_SET_FLUSH_ZERO_MODE(_MM_FLUSH_ZERO_ON);
+    const bool isBuilt = engine.BuildSPT(DblPt(2.3e-308, 0));
+    _MM_SET_FLUSH_ZERO_MODE(mode);
+    ASSERT_TRUE(isBuilt);
+    EXPECT_EQ(engine.CostAt(2.5e-308, 0), 0.0);
+    EXPECT_EQ(engine.At(2.5e-308, 0)->parent, engine.At(2.3e-308, 0));
+    EXPECT_EQ(engine.current, engine.At(2.5e-308, 0));
+}
+#endif
 
 /// Both (10, 1) and (10, -1) are queued by (-3, 0), the upper one first, and both are improved at once by (10, 0),
 /// which offers to the lower one first. The entries that they have already move ahead of the new ones, in their
@@ -791,6 +847,14 @@ TEST(SPTEngine, NeighboursOnOnePolyline) {
     engine.AddNeighborsToPQ(nullptr, 5, 1);
     engine.AddNeighborsToPQ(line, 0, 0);
     EXPECT_EQ(engine.pq->size(), 4u);
+    // Past the last one, that comes before; any further there is none.
+    nodes[2].Reset();
+    engine.AddNeighborsToPQ(line, 3, 4);
+    engine.AddNeighborsToPQ(line, 2, std::numeric_limits<unsigned>::max());
+    EXPECT_TRUE(IsNew(nodes[2]));
+    engine.AddNeighborsToPQ(line, 3, 3);
+    EXPECT_EQ(nodes[2].cost, 0.96 * 3);
+    EXPECT_EQ(engine.pq->size(), 5u);
     // The queue goes before the nodes do.
     engine.pq->clear();
 }
@@ -908,6 +972,11 @@ TEST(SPTEngine, FieldsMayBePutBack) {
     other.pq = queue;
     other.nodePolys = nullptr;
     other.current = nullptr;
+    std::list<SPTNode*>::const_iterator it;
+    EXPECT_FALSE(other.FindNode(DblPt(2, 0), it));
+    EXPECT_TRUE(it == nodeList->end());
+    ASSERT_TRUE(engine.FindNode(DblPt(2, 0), it));
+    EXPECT_TRUE(IsAt((*it)->pt, 2, 0));
 }
 
 TEST(SPTEngine, SelfAssignmentChangesNothing) {
@@ -932,6 +1001,23 @@ TEST(SPTEngine, PrintNodePolys) {
     Engine zeros({{{0.0, 1}, {2, 2}}, {{-0.0, 1}, {3, 3}}});
     zeros.PrintNodePolys();
     EXPECT_EQ(TakeDebugTexts()[5], "{0.000000, 1.000000},\n");
+}
+
+/// Vertices without a node that are there no longer.
+TEST(SPTEngine, PrintNodePolysOfPolylinesThatWereCut) {
+    Engine engine({{{0, 0.5}, {kNan, 3}, {kNan, 4}}, {{kNan, 5}, {7, 8}}, {{kNan, 9}}});
+    engine.polylines[0]->nPts = 2;
+    delete engine.polylines[1];
+    engine.polylines[1] = nullptr;
+    engine.polylineCount = 2;
+    TakeDebugTexts();
+    engine.PrintNodePolys();
+    engine.polylineCount = 3;
+    EXPECT_EQ(
+        TakeDebugTexts(),
+        (std::vector<std::string>{"PolylineGeom {\n", "{0.000000, 0.500000},\n", "{nan, 3.000000},\n", "{nan, nan},\n",
+                                  "};\n\n", "PolylineGeom {\n", "{nan, nan},\n", "{7.000000, 8.000000},\n", "};\n\n",
+                                  "PolylineGeom {\n", "{nan, nan},\n", "};\n\n"}));
 }
 
 TEST(SPTEngine, PrintPQ) {
