@@ -42,6 +42,10 @@ struct LayerConnector {
 ///
 /// The cost is that of the segments near each other, not of all pairs. What is added may be added more than once,
 /// and is destroyed once. Polylines and shapes are not to be changed while the connector holds them.
+///
+/// `polylines` and `connectors` are there to be read. They stay the vectors that the constructor made, no other is
+/// put in their place, and what stands in them is changed by the members alone, but for one thing: a host may take
+/// records off the end, and these are its own from then on, with the polyline or shape that they hold.
 class VELLUM_API PolylineConnector {
 public:
     std::vector<PolylineGeom*>* newPolySegs = nullptr;  ///< the joining polylines, in the order made
@@ -64,8 +68,8 @@ public:
     /// Takes @p poly over. False where memory runs out, with @p poly still the caller's, and where it is null.
     bool AddPolyline(PolylineGeom* poly, unsigned layer);
     /// Takes @p shape over, unless one with exactly its centroid is there in the same layer: that is true too, and
-    /// @p shape stays the caller's. False where memory runs out, with @p shape still the caller's, and where it is
-    /// null. A centroid with NaN equals none.
+    /// @p shape stays the caller's then, unless it is itself held already. False where memory runs out for its
+    /// record, and where it is null: nothing is taken over then. A centroid with NaN equals none.
     bool AddConnector(ClosedShape* shape, unsigned layer);
     /// Joins everything and hands out the result: @p out is an array made with new[], its polylines with new; all
     /// belong to the caller. Gaps of exactly @p tol are still joined. A single polyline comes out as it is, without
@@ -82,7 +86,8 @@ public:
     /// @name Steps
     /// What `ConnectPolylines` is made of, for hosts that join pairs of their own choice: set `segCount`, call
     /// `InitNewPolySeg` and `InitNewPts`, then the steps, then `GenerateOutputPolylist`. Without those two
-    /// containers nothing is recorded. Segments bear the numbers that they have in the whole input.
+    /// containers nothing is recorded. Segments bear the numbers that they have in the whole input. The points given
+    /// may be split points or points of joining polylines.
     /// @{
 
     /// Joins two polylines, segment pair by segment pair.
@@ -120,10 +125,11 @@ public:
     /// @param isNew receives whether they do not.
     bool GetNextClosestPt(const DblPt& from, unsigned seg, DblPt& last, bool& isNew);
     /// A new polyline of the points of input polyline @p index and its split points, which are used up; null where
-    /// there is no memory.
+    /// there is no memory, with the split points still there.
     PolylineGeom* GenerateOutputPoly(unsigned index, unsigned firstSeg);
     /// Hands out all input polylines as `GenerateOutputPoly` makes them, then the joining ones, which are the
-    /// caller's from then on. False, with @p out null, where there are none or no memory.
+    /// caller's from then on. False, with @p out null, where there are none or no memory; the split points and the
+    /// joining polylines are still there then.
     bool GenerateOutputPolylist(unsigned& count, PolylineGeom**& out);
     /// An empty list of joining polylines. False where there is no memory.
     bool InitNewPolySeg();

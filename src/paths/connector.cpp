@@ -92,6 +92,27 @@ void Destroy(std::vector<Record*>& records, Object* Record::*object) {
     }
 }
 
+/// A segment that a host gives. Its ends are copied, since they may be split points, which move where one is added.
+struct GivenSegment {
+    uint32_t number;
+    DblPt p0;
+    DblPt p1;
+
+    NumberedSegment Numbered() const { return {number, p0, p1}; }
+};
+
+/// An empty list of split points. Null where there is no memory.
+DblPtVec* NewSplits() {
+    std::unique_ptr<DblPtVec> splits(new (std::nothrow) DblPtVec(kFirstSplits));
+    return splits == nullptr || splits->buffer == nullptr ? nullptr : splits.release();
+}
+
+/// Empties the lists of some segments, where there are any.
+void UseUp(DblPtVec* const* splits, size_t segments) {
+    for (size_t i = 0; splits != nullptr && i < segments; ++i)
+        if (splits[i] != nullptr) splits[i]->clear();
+}
+
 void FreeSplits(PolylineConnector& connector) {
     connector.ClearNewPts();
     delete[] connector.newPts;
@@ -107,17 +128,12 @@ bool CountSegments(PolylineConnector& connector) {
     return true;
 }
 
-/// Whether a shape's layer and centroid are there already. False where there is no memory to look them up.
-bool Holds(std::vector<LayerConnector*>* connectors, const ClosedShape& shape, uint32_t layer, bool& isHeld) {
+/// Whether a shape's layer and centroid are there already.
+bool IsHeld(std::vector<LayerConnector*>* connectors, const ClosedShape& shape, uint32_t layer) {
     if (connectors == nullptr) return false;
     DblPt centroid;
     shape.GetCentroid(centroid);
-    try {
-        isHeld = static_cast<ConnectorList*>(connectors)->Holds(layer, centroid);
-        return true;
-    } catch (const std::exception&) {
-        return false;
-    }
+    return static_cast<ConnectorList*>(connectors)->Holds(layer, centroid);
 }
 
 bool JoinShapes(PolylineConnector& connector, Recorder& recorder) {
@@ -135,9 +151,7 @@ bool JoinShapes(PolylineConnector& connector, Recorder& recorder) {
 bool JoinAll(PolylineConnector& connector, double tol) {
     Recorder recorder(connector);
     internal::PolylineJoin join(*connector.polylines, tol);
-    if (!join.Find()) return false;
-    join.PassTo(recorder);
-    return JoinShapes(connector, recorder);
+    return join.Find() && join.PassTo(recorder) && JoinShapes(connector, recorder);
 }
 
 }  // namespace
@@ -162,8 +176,7 @@ bool PolylineConnector::AddPolyline(PolylineGeom* poly, unsigned layer) {
 
 bool PolylineConnector::AddConnector(ClosedShape* shape, unsigned layer) {
     if (shape == nullptr) return false;
-    bool isHeld = false;
-    if (Holds(connectors, *shape, layer, isHeld) && (isHeld || AddRecord(connectors, shape, layer))) return true;
+    if (IsHeld(connectors, *shape, layer) || AddRecord(connectors, shape, layer)) return true;
     failed = 1;
     return false;
 }
@@ -195,7 +208,9 @@ void PolylineConnector::AddIntersections(PolylineGeom* a, unsigned firstSegA, Po
 void PolylineConnector::ConnectLineSegments(unsigned segA, const DblPt& a0, const DblPt& a1, unsigned segB,
                                             const DblPt& b0, const DblPt& b1, double tol) {
     Recorder recorder(*this);
-    ConnectorSteps(tol, recorder).Connect({segA, a0, a1}, {segB, b0, b1});
+    const GivenSegment a{segA, a0, a1};
+    const GivenSegment b{segB, b0, b1};
+    ConnectorSteps(tol, recorder).Connect(a.Numbered(), b.Numbered());
 }
 
 // NOLINTNEXTLINE(readability-convert-member-functions-to-static): hosts call it on an object
@@ -206,13 +221,17 @@ bool PolylineConnector::AlreadyConnected(const DblPt& a0, const DblPt& a1, const
 bool PolylineConnector::TryIntersectingSegments(unsigned segA, const DblPt& a0, const DblPt& a1, unsigned segB,
                                                 const DblPt& b0, const DblPt& b1, double tol) {
     Recorder recorder(*this);
-    return ConnectorSteps(tol, recorder).TryIntersecting({segA, a0, a1}, {segB, b0, b1});
+    const GivenSegment a{segA, a0, a1};
+    const GivenSegment b{segB, b0, b1};
+    return ConnectorSteps(tol, recorder).TryIntersecting(a.Numbered(), b.Numbered());
 }
 
 bool PolylineConnector::TryParallelSegments(unsigned segA, const DblPt& a0, const DblPt& a1, unsigned segB,
                                             const DblPt& b0, const DblPt& b1, double tol) {
     Recorder recorder(*this);
-    return ConnectorSteps(tol, recorder).TryParallel({segA, a0, a1}, {segB, b0, b1});
+    const GivenSegment a{segA, a0, a1};
+    const GivenSegment b{segB, b0, b1};
+    return ConnectorSteps(tol, recorder).TryParallel(a.Numbered(), b.Numbered());
 }
 
 bool PolylineConnector::ConnectEndPoints(const DblPt& a0, const DblPt& a1, const DblPt& b0, const DblPt& b1,
@@ -224,19 +243,22 @@ bool PolylineConnector::ConnectEndPoints(const DblPt& a0, const DblPt& a1, const
 bool PolylineConnector::ConnectEndToSegmentInterior(unsigned segA, const DblPt& a0, const DblPt& a1, unsigned segB,
                                                     const DblPt& b0, const DblPt& b1, double tol) {
     Recorder recorder(*this);
-    return ConnectorSteps(tol, recorder).ConnectEndToInterior({segA, a0, a1}, {segB, b0, b1});
+    const GivenSegment a{segA, a0, a1};
+    const GivenSegment b{segB, b0, b1};
+    return ConnectorSteps(tol, recorder).ConnectEndToInterior(a.Numbered(), b.Numbered());
 }
 
 bool PolylineConnector::VtxToSegment(const DblPt& v, unsigned seg, const DblPt& s0, bool& hit0, const DblPt& s1,
                                      bool& hit1, double tol, LineSegmentGeom& link) {
     Recorder recorder(*this);
-    return ConnectorSteps(tol, recorder).ConnectVertex(v, {seg, s0, s1}, hit0, hit1, link);
+    const GivenSegment s{seg, s0, s1};
+    return ConnectorSteps(tol, recorder).ConnectVertex(DblPt(v), s.Numbered(), hit0, hit1, link);
 }
 
 void PolylineConnector::AddNewPt(unsigned seg, const DblPt& p) {
     if (newPts == nullptr) return;
     DblPtVec*& splits = newPts[seg];
-    if (splits == nullptr) splits = new (std::nothrow) DblPtVec(kFirstSplits);
+    if (splits == nullptr) splits = NewSplits();
     if (splits == nullptr || !splits->push_back(p)) failed = 1;
 }
 
@@ -267,15 +289,21 @@ bool PolylineConnector::GetNextClosestPt(const DblPt& from, unsigned seg, DblPt&
     DblPtVec* const splits = newPts == nullptr ? nullptr : newPts[seg];
     if (splits == nullptr || splits->empty()) return false;
     DblPt* const closest = internal::FindClosest(from, *splits);
-    isNew = !Coincide(*closest, last);
-    if (isNew) last = *closest;
+    // `last` may be in the list.
+    const DblPt taken = *closest;
+    isNew = !Coincide(taken, last);
     splits->erase(closest);
+    if (isNew) last = taken;
     return true;
 }
 
 PolylineGeom* PolylineConnector::GenerateOutputPoly(unsigned index, unsigned firstSeg) {
+    const PolylineGeom& input = *(*polylines)[index]->poly;
+    DblPtVec* const* const splits = newPts == nullptr ? nullptr : newPts + firstSeg;
     internal::ConnectorOutput output;
-    return output.Rebuild(*(*polylines)[index]->poly, newPts == nullptr ? nullptr : newPts + firstSeg);
+    PolylineGeom* const made = output.Rebuild(input, splits);
+    if (made != nullptr) UseUp(splits, SegmentsOf(input));
+    return made;
 }
 
 bool PolylineConnector::GenerateOutputPolylist(unsigned& count, PolylineGeom**& out) {
@@ -287,16 +315,17 @@ bool PolylineConnector::GenerateOutputPolylist(unsigned& count, PolylineGeom**& 
     std::unique_ptr<PolylineGeom*[]> all(new (std::nothrow) PolylineGeom*[total]);
     if (all == nullptr) return false;
     internal::ConnectorOutput output;
-    DblPtVec** splits = newPts;
+    size_t segments = 0;
     for (size_t i = 0; i < inputs; ++i) {
         const PolylineGeom& input = *(*polylines)[i]->poly;
-        all[i] = output.Rebuild(input, splits);
+        all[i] = output.Rebuild(input, newPts == nullptr ? nullptr : newPts + segments);
         if (all[i] == nullptr) {
             std::for_each_n(all.get(), i, [](const PolylineGeom* made) { delete made; });
             return false;
         }
-        if (splits != nullptr) splits += SegmentsOf(input);
+        segments += SegmentsOf(input);
     }
+    UseUp(newPts, segments);
     if (newPolySegs != nullptr) {
         std::copy(newPolySegs->begin(), newPolySegs->end(), all.get() + inputs);
         newPolySegs->clear();
@@ -342,7 +371,7 @@ void PolylineConnector::ClearPolylines() {
 void PolylineConnector::ClearConnectors() {
     if (connectors == nullptr) return;
     Destroy(*connectors, &LayerConnector::shape);
-    static_cast<ConnectorList*>(connectors)->Clear();
+    connectors->clear();
 }
 
 void PolylineConnector::Reset() {

@@ -2,6 +2,7 @@
 #ifndef VELLUM_SRC_PATHS_CONNECTOR_FINDINGS_H
 #define VELLUM_SRC_PATHS_CONNECTOR_FINDINGS_H
 
+#include <cstddef>
 #include <cstdint>
 
 #include "paths/connector_steps.h"
@@ -32,8 +33,9 @@ public:
     bool IsComplete() const { return isComplete_; }
 
     /// Passes everything on; the points of each segment are in order among themselves, as the links are. To be
-    /// called once.
-    void PassTo(ConnectorSink& sink);
+    /// called once. False where memory runs out.
+    /// @param segments  how many there are in all.
+    bool PassTo(ConnectorSink& sink, size_t segments);
 
 private:
     // On a segment the order of the pairs is that of the other segments' numbers: the polylines before its own come
@@ -49,6 +51,9 @@ private:
         DblPt q;
         Pair pair;
     };
+
+    bool PassPointsTo(ConnectorSink& sink, size_t segments);
+    void PassLinksTo(ConnectorSink& sink);
 
     Pair pair_{};
     ScratchArray<Point> points_;

@@ -82,6 +82,7 @@ bool PolylineJoin::MakeRuns() {
         runs += (segments + kRunSegments - 1) / kRunSegments;
         gathered += IsShort(segments) ? points.size() : 0;
     }
+    segmentCount_ = number;
     OrderSpatially(pieces);
     if (!tree_.Allocate(runs) || !runs_.Reserve(runs) || !points_.Reserve(gathered)) return false;
     for (size_t i = 0; i < pieces.Size(); ++i) {

@@ -37,8 +37,8 @@ public:
 
     /// False where there is not enough memory.
     bool Find();
-    /// Passes on what was found. To be called once.
-    void PassTo(ConnectorSink& sink) { findings_.PassTo(sink); }
+    /// Passes on what was found. To be called once. False where there is not enough memory.
+    bool PassTo(ConnectorSink& sink) { return findings_.PassTo(sink, segmentCount_); }
 
     const Effort& TheEffort() const { return effort_; }
 
@@ -80,6 +80,7 @@ private:
     ConnectorFindings findings_;
     const ConnectorSteps steps_;
     ScratchArray<Chain> chains_;
+    size_t segmentCount_ = 0;
     // In the order in the plane.
     ScratchArray<Run> runs_;
     ScratchArray<DblPt> points_;  ///< of short polylines, so that what is looked at together lies together

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <exception>
 
 namespace Vellum::internal {
 
@@ -28,27 +29,30 @@ uint64_t BitsOf(double v) { return std::bit_cast<uint64_t>(v + 0.0); }
 }  // namespace
 
 bool ConnectorList::Holds(uint32_t layer, const DblPt& centroid) {
-    EnterNew();
-    for (size_t slot = FirstSlot(layer, centroid); slots_[slot] != kFree; slot = (slot + 1) & (slots_.size() - 1)) {
-        const LayerConnector& connector = *(*this)[slots_[slot]];
-        if (connector.layer == layer && CentroidOf(connector).IsExactly(centroid)) return true;
-    }
+    const auto isThat = [&](const LayerConnector* connector) {
+        return connector->layer == layer && CentroidOf(*connector).IsExactly(centroid);
+    };
+    if (!EnterNew()) return std::any_of(begin(), end(), isThat);
+    for (size_t slot = FirstSlot(layer, centroid); slots_[slot] != kFree; slot = (slot + 1) & (slots_.size() - 1))
+        if (isThat((*this)[slots_[slot]])) return true;
     return false;
 }
 
-void ConnectorList::Clear() {
-    clear();
-    slots_.clear();
-    entered_ = 0;
-}
-
-void ConnectorList::EnterNew() {
+/// Brings the table up to date. False where there is no memory for it.
+bool ConnectorList::EnterNew() {
     if (entered_ > size() || slots_.size() < 2 * (size() + 1)) {
-        slots_.assign(std::bit_ceil(std::max(kFewestSlots, 4 * size())), kFree);
+        // Without slots it is made anew the next time, should that fail now.
+        slots_.clear();
         entered_ = 0;
+        try {
+            slots_.assign(std::bit_ceil(std::max(kFewestSlots, 4 * size())), kFree);
+        } catch (const std::exception&) {
+            return false;
+        }
     }
     while (entered_ < size())
         Enter(entered_++);
+    return true;
 }
 
 void ConnectorList::Enter(size_t index) {

@@ -13,12 +13,12 @@ namespace Vellum::internal {
 /// The vector behind `PolylineConnector::connectors`, with a hash table by layer and centroid beside it.
 class ConnectorList : public std::vector<LayerConnector*> {
 public:
-    /// Whether a connector of the layer has exactly this centroid. Throws where there is no memory for the table.
+    /// Whether a connector of the layer has exactly this centroid. Connectors may have been added since it was asked
+    /// before, or taken off the end, but not both.
     bool Holds(uint32_t layer, const DblPt& centroid);
-    void Clear();
 
 private:
-    void EnterNew();
+    bool EnterNew();
     void Enter(size_t index);
     size_t FirstSlot(uint32_t layer, const DblPt& centroid) const;
 

@@ -17,7 +17,7 @@ namespace Vellum::internal {
 
 namespace {
 
-size_t CountSplits(DblPtVec* const* splits, size_t segments) {
+size_t CountSplits(const DblPtVec* const* splits, size_t segments) {
     if (splits == nullptr) return 0;
     size_t count = 0;
     for (size_t i = 0; i < segments; ++i)
@@ -53,7 +53,8 @@ bool ConnectorOutput::Order(const DblPt& from, const DblPtVec& points) {
     order_.Clear();
     if (!order_.Reserve(points.size())) return false;
     Split last{-std::numeric_limits<double>::infinity(), 0, 0};
-    const auto isBefore = [](const Split& a, const Split& b) {
+    const auto isBefore = [this](const Split& a, const Split& b) {
+        ++comparisons_;
         return std::tie(a.dist, a.after, a.index) < std::tie(b.dist, b.after, b.index);
     };
     for (uint32_t i = 0; i < points.size(); ++i) {
@@ -66,13 +67,13 @@ bool ConnectorOutput::Order(const DblPt& from, const DblPtVec& points) {
     return true;
 }
 
-PolylineGeom* ConnectorOutput::Rebuild(const PolylineGeom& input, DblPtVec* const* splits) {
+PolylineGeom* ConnectorOutput::Rebuild(const PolylineGeom& input, const DblPtVec* const* splits) {
     std::unique_ptr<PolylineGeom> output(new (std::nothrow) PolylineGeom);
     if (output == nullptr || !Fill(*output, input, splits)) return nullptr;
     return output.release();
 }
 
-bool ConnectorOutput::Fill(PolylineGeom& output, const PolylineGeom& input, DblPtVec* const* splits) {
+bool ConnectorOutput::Fill(PolylineGeom& output, const PolylineGeom& input, const DblPtVec* const* splits) {
     const std::span<const DblPt> points = PointsOf(input);
     if (points.empty()) return true;
     const size_t segments = points.size() - 1;
@@ -89,7 +90,6 @@ bool ConnectorOutput::Fill(PolylineGeom& output, const PolylineGeom& input, DblP
             const DblPt& p = splits[i]->begin()[split.index];
             if (!Coincide(p, end[-1])) *end++ = p;
         }
-        splits[i]->clear();
     }
     end = std::copy(points.begin() + static_cast<std::ptrdiff_t>(copied), points.end(), end);
     output.nPts = static_cast<uint32_t>(end - output.pts);

@@ -21,9 +21,12 @@ class ConnectorOutput {
 public:
     /// A new polyline of the points of @p input and, between the ends of each segment, those of its split points
     /// that do not repeat the point before; in the order in which `FindClosest` from the segment's start takes them.
-    /// Empties the lists. Null where there is no memory.
+    /// Null where there is no memory.
     /// @param splits  one list for each segment, null where it is not split; null where no segment is.
-    PolylineGeom* Rebuild(const PolylineGeom& input, DblPtVec* const* splits);
+    PolylineGeom* Rebuild(const PolylineGeom& input, const DblPtVec* const* splits);
+
+    /// How often the distances of two split points were compared.
+    size_t Comparisons() const { return comparisons_; }
 
 private:
     struct Split {
@@ -32,10 +35,11 @@ private:
         uint32_t index;
     };
 
-    bool Fill(PolylineGeom& output, const PolylineGeom& input, DblPtVec* const* splits);
+    bool Fill(PolylineGeom& output, const PolylineGeom& input, const DblPtVec* const* splits);
     bool Order(const DblPt& from, const DblPtVec& points);
 
     ScratchArray<Split> order_;
+    size_t comparisons_ = 0;
 };
 
 }  // namespace Vellum::internal

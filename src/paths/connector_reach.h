@@ -15,7 +15,7 @@ constexpr double kConnectorBounds = FLT_EPSILON;
 
 /// How far apart the boxes of two segments may lie so that a step of the connector on them still has an effect.
 ///
-/// Let A and B be segments with finite coordinates, t the tolerance of the run, neither NaN nor infinite, e the
+/// Let A and B be segments with finite coordinates, t the tolerance of the run, neither NaN nor +infinity, e the
 /// bounds tolerance and u = 2^-53. What a step does hangs on one of these:
 ///   (1) a computed crossing point P is in the bounds of both;
 ///   (2) the computed distance between an end of A and an end of B is below t;
@@ -35,9 +35,10 @@ constexpr double kConnectorBounds = FLT_EPSILON;
 /// or more in each rounded term and so is safe from its own rounding too; with an overflow it reaches everywhere.
 /// The same holds for a box about several segments, since x - 8u |x| grows with x.
 ///
-/// Where t is NaN or infinite or a coordinate is not finite none of this holds: NaN distances pass for near ones,
+/// Where t is NaN or +infinity or a coordinate is not finite none of this holds: NaN distances pass for near ones,
 /// and a foot out of bounds counts as far away by the largest number. Such a tolerance reaches everywhere, and the
-/// box of such a segment is the whole plane.
+/// box of such a segment is the whole plane. Below a t of -infinity there is no distance: (1) is left, as with any
+/// other negative one.
 class ConnectorReach {
 public:
     explicit ConnectorReach(double tol)

@@ -135,9 +135,10 @@ void ShapeIndex::Join(std::span<const DblPt> points, uint32_t firstNumber, uint3
         const size_t segments = std::min(kRunSegments, points.size() - 1 - start);
         near_.Clear();
         const PlaneBox around = reach_.Around(BoxOfPoints(&points[start], segments + 1));
-        tree_.ForEachMeeting(around, static_cast<size_t>(first - layers_.begin()),
-                             static_cast<size_t>(last - layers_.begin()), PlaneBoxTree::kNobody,
-                             [&](size_t i) { near_.Append(tree_.OwnerOf(i)); });
+        effort_.blocks += tree_.ForEachMeeting(around, static_cast<size_t>(first - layers_.begin()),
+                                               static_cast<size_t>(last - layers_.begin()), PlaneBoxTree::kNobody,
+                                               [&](size_t i) { near_.Append(tree_.OwnerOf(i)); });
+        effort_.near += near_.Size();
         if (near_.IsEmpty()) continue;
         std::sort(near_.begin(), near_.end());
         JoinRun(&points[start], segments, firstNumber + static_cast<uint32_t>(start), sink);
@@ -150,7 +151,7 @@ void ShapeIndex::JoinRun(const DblPt* pts, size_t segments, uint32_t firstNumber
         const PlaneBox around = reach_.Around(BoxOfPoints(&pts[i], 2));
         for (const uint32_t shape : near_) {
             if (!around.Meets(boxes_[shape])) continue;
-            ++asked_;
+            ++effort_.asked;
             if (JoinToShape(segment, *(*connectors_)[shape]->shape, sink)) break;
         }
     }

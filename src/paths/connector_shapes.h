@@ -24,14 +24,20 @@ bool JoinToShape(const NumberedSegment& s, const ClosedShape& shape, ConnectorSi
 /// it pleases, so its shapes may touch any segment, and they are asked in the same order as if all were.
 class ShapeIndex {
 public:
+    /// What the work amounts to.
+    struct Effort {
+        size_t blocks = 0;  ///< blocks of the tree that were searched
+        size_t near = 0;    ///< shapes that were found to be near a run of segments
+        size_t asked = 0;   ///< shapes that were asked whether they touch a segment
+    };
+
     /// Of fewer than 2^32 shapes. False where there is not enough memory.
     bool Build(const std::vector<LayerConnector*>& connectors);
 
     /// Joins each segment of a chain to the first shape of its layer that touches it.
     void Join(std::span<const DblPt> points, uint32_t firstNumber, uint32_t layer, ConnectorSink& sink);
 
-    /// How many shapes were asked whether they touch a segment.
-    size_t Asked() const { return asked_; }
+    const Effort& TheEffort() const { return effort_; }
 
 private:
     void JoinRun(const DblPt* pts, size_t segments, uint32_t firstNumber, ConnectorSink& sink);
@@ -42,7 +48,7 @@ private:
     ScratchArray<uint32_t> layers_;  ///< of the boxes in the tree, ascending
     ScratchArray<uint32_t> near_;    ///< the shapes near a run, in the order added
     const ConnectorReach reach_{0.0};
-    size_t asked_ = 0;
+    Effort effort_;
 };
 
 /// The box outside which a shape contains no point, give or take the tolerance of the connector's tests and a

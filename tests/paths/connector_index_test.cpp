@@ -352,6 +352,7 @@ TEST(ConnectorReach, IsJustEnough) {
     EXPECT_NEAR(around.maxX, 3.5, 2e-7);
     EXPECT_NEAR(around.maxY, 4.5, 2e-7);
     EXPECT_NEAR(ConnectorReach(-7).Around({1, 2, 3, 4}).minX, 1, 3e-7);
+    EXPECT_NEAR(ConnectorReach(-kInfinity).Around({1, 2, 3, 4}).minX, 1, 3e-7);
 }
 
 TEST(ConnectorReach, AllowsForRounding) {
@@ -422,7 +423,7 @@ TEST(ConnectorFindings, PassOnEverythingInTheOrderOfThePairs) {
     }
     EXPECT_TRUE(findings.IsComplete());
     Collected found(12);
-    findings.PassTo(found);
+    ASSERT_TRUE(findings.PassTo(found, 12));
 
     std::sort(pairs.begin(), pairs.end(), [](const auto& p, const auto& q) {
         return std::tie(p.firstPolyline, p.secondPolyline, p.first, p.second) <
@@ -470,7 +471,28 @@ TEST(ConnectorOutput, TakesTheSplitPointsAsOneByOne) {
         const std::unique_ptr<Vellum::PolylineGeom> rebuilt(output.Rebuild(*input, lists));
         ASSERT_NE(rebuilt, nullptr);
         ASSERT_TRUE(Hold({Points(rebuilt->Start(), rebuilt->End())}, {expected}));
-        EXPECT_TRUE(splits.empty());
+        EXPECT_EQ(splits.size(), count);
+    }
+}
+
+TEST(ConnectorOutput, ComparesAsSortingDoes) {
+    const auto comparisonsOf = [](uint32_t count, uint32_t step) {
+        const std::unique_ptr<Vellum::PolylineGeom> input(paths_tests::NewPolyline(LineOf({{0, 0}, {90, 0}}, 0)));
+        DblPtVec splits(4);
+        for (uint32_t i = 0; i < count; ++i)
+            EXPECT_TRUE(splits.push_back(DblPt(1 + i * step % count, 0)));
+        DblPtVec* const lists[] = {&splits};
+        ConnectorOutput output;
+        const std::unique_ptr<Vellum::PolylineGeom> rebuilt(output.Rebuild(*input, lists));
+        EXPECT_NE(rebuilt, nullptr);
+        EXPECT_EQ(rebuilt->NPts(), count + 2);
+        return output.Comparisons();
+    };
+    // From the start on, from the end, and all over the place.
+    for (const uint32_t step : {1u, 16383u, 4097u * 3, 5555u}) {
+        const size_t comparisons = comparisonsOf(16384, step);
+        EXPECT_GE(comparisons, 16383u);
+        EXPECT_LE(comparisons, 16384u * 28) << step;
     }
 }
 
@@ -487,7 +509,7 @@ TEST(PolylineJoin, FindsWhatAllPairsFindInTheSameOrder) {
             PolylineJoin join(*connector.polylines, workingTol);
             ASSERT_TRUE(join.Find());
             Collected found(expected.splits.size());
-            join.PassTo(found);
+            ASSERT_TRUE(join.PassTo(found));
             ASSERT_TRUE(Hold(found.splits, expected.splits)) << NameOf(kind) << ", seed " << seed;
             const auto links = expected.lines.begin() + static_cast<std::ptrdiff_t>(network.lines.size());
             ASSERT_TRUE(Hold(found.links, {links, expected.lines.end()})) << NameOf(kind) << ", seed " << seed;
@@ -788,7 +810,7 @@ TEST(Realm, HoldsAllPointsThatAShapeContains) {
 }
 
 TEST(ShapeIndex, AsksOnlyShapesNearby) {
-    const auto askedOf = [](int side) {
+    const auto effortOf = [](int side) {
         ConnectorList connectors;
         std::vector<std::unique_ptr<LayerConnector>> records;
         std::vector<std::unique_ptr<ClosedShape>> shapes;
@@ -805,7 +827,8 @@ TEST(ShapeIndex, AsksOnlyShapesNearby) {
         EXPECT_TRUE(index.Build(connectors));
         Collected found(line.size());
         index.Join(line, 0, 3, found);
-        EXPECT_EQ(index.Asked(), 0u);
+        EXPECT_EQ(index.TheEffort().near, 0u);
+        EXPECT_EQ(index.TheEffort().asked, 0u);
         for (DblPt& p : line)
             p.y += 2.6;
         index.Join(line, 0, 3, found);
@@ -813,10 +836,15 @@ TEST(ShapeIndex, AsksOnlyShapesNearby) {
         index.Join(line, 0, 2, found);
         index.Join(line, 0, 4, found);
         EXPECT_EQ(found.links.size(), line.size() - 1);
-        return index.Asked();
+        return index.TheEffort();
     };
-    EXPECT_LE(askedOf(20), 40u);
-    EXPECT_LE(askedOf(100), 200u);
+    for (const int side : {20, 100, 300}) {
+        const ShapeIndex::Effort effort = effortOf(side);
+        const auto segments = static_cast<size_t>(side - 1);
+        EXPECT_LE(effort.asked, 2 * segments);
+        EXPECT_LE(effort.near, 2 * segments);
+        EXPECT_LE(effort.blocks, 2 * segments);
+    }
 }
 
 TEST(ShapeIndex, ActsAsTheShapesOneByOne) {
@@ -864,12 +892,11 @@ TEST(ConnectorList, KnowsWhatIsInTheVector) {
     EXPECT_TRUE(list.Holds(2, DblPt(1, 11)));
     EXPECT_FALSE(list.Holds(2, DblPt(1, 2)));
     EXPECT_FALSE(list.Holds(1, DblPt(2, 1)));
-    // Also when it changes behind its back.
+    // Also when it is taken off again.
     list.pop_back();
     EXPECT_FALSE(list.Holds(2, DblPt(1, 11)));
     EXPECT_TRUE(list.Holds(1, DblPt(6, 2)));
-    list.Clear();
-    EXPECT_TRUE(list.empty());
+    list.clear();
     EXPECT_FALSE(list.Holds(1, DblPt(6, 2)));
 }
 

@@ -14,6 +14,7 @@
 
 #include "paths/connector_checks.h"
 #include "paths/connector_join.h"
+#include "paths/connector_list.h"
 #include "reference/connector.h"
 #include "support/allocation_guard.h"
 #include "support/malloc_guard.h"
@@ -33,8 +34,10 @@ using support::MallocGuard;
 using support::RandomNumbers;
 using Vellum::AlignedDblRect;
 using Vellum::DblPt;
+using Vellum::LayerConnector;
 using Vellum::PolylineConnector;
 using Vellum::PolylineGeom;
+using Vellum::internal::ConnectorList;
 using Vellum::internal::PolylineJoin;
 
 using Lines = std::vector<Points>;
@@ -132,6 +135,12 @@ TEST(ConnectorMemory, StepsThatCannotReportSetFailed) {
         }
         EXPECT_EQ(connector.failed, 1);
         EXPECT_TRUE(connector.newPts[1] == nullptr || connector.newPts[1]->empty());
+        // With memory again, the segment takes points.
+        connector.failed = 0;
+        connector.AddNewPt(1, DblPt(3, 4));
+        EXPECT_EQ(connector.failed, 0);
+        ASSERT_NE(connector.newPts[1], nullptr);
+        EXPECT_EQ(connector.newPts[1]->size(), 1u);
         connector.ClearNewPts();
     }
     for (size_t allowed = 0; allowed < 3; ++allowed) {
@@ -225,6 +234,58 @@ TEST(ConnectorMemory, WhatCannotBeAddedStaysTheCallers) {
     EXPECT_TRUE(connector.AddConnector(&shape, 1));
 }
 
+TEST(ConnectorMemory, WhatIsThereIsFoundWithoutMemory) {
+    PolylineConnector connector;
+    for (int i = 0; i < 64; ++i) {
+        ASSERT_TRUE(connector.AddConnector(new AlignedDblRect(3 * i, 0, 3 * i + 1, 1), 1));
+        AlignedDblRect first(0, 0, 1, 1);
+        AlignedDblRect last(3 * i, 0, 3 * i + 1, 1);
+        bool areThere = false;
+        bool isAdded = true;
+        {
+            const AllocationGuard guard(0);
+            areThere = connector.AddConnector(&first, 1) && connector.AddConnector(&last, 1);
+            areThere = areThere && connector.failed == 0;
+            isAdded = connector.AddConnector(&last, 2);
+        }
+        ASSERT_TRUE(areThere) << i;
+        ASSERT_FALSE(isAdded) << i;
+        ASSERT_EQ(connector.failed, 1);
+        connector.failed = 0;
+    }
+    EXPECT_EQ(connector.connectors->size(), 64u);
+}
+
+TEST(ConnectorMemory, ATableThatCouldNotBeMadeIsMadeLater) {
+    const auto centroidOf = [](size_t i) { return DblPt(3.0 * static_cast<double>(i) + 0.5, 0.5); };
+    std::vector<AlignedDblRect> shapes;
+    std::vector<LayerConnector> records;
+    for (int i = 0; i < 40; ++i)
+        shapes.emplace_back(3 * i, 0, 3 * i + 1, 1);
+    for (AlignedDblRect& shape : shapes)
+        records.push_back({&shape, 1});
+    for (size_t other = 31; other < 40; ++other) {
+        ConnectorList list;
+        for (size_t i = 0; i < 31; ++i) {
+            list.push_back(&records[i]);
+            ASSERT_TRUE(list.Holds(1, centroidOf(i)));
+        }
+        // The last one is taken off, the table for the others cannot be made, and another one takes its place.
+        list.pop_back();
+        bool isThere = true;
+        {
+            const AllocationGuard guard(0);
+            isThere = list.Holds(1, centroidOf(30));
+            ASSERT_EQ(guard.Requests(), 1u);
+        }
+        ASSERT_FALSE(isThere);
+        list.push_back(&records[other]);
+        ASSERT_TRUE(list.Holds(1, centroidOf(other)));
+        ASSERT_FALSE(list.Holds(1, centroidOf(30)));
+        ASSERT_TRUE(list.Holds(1, centroidOf(0)));
+    }
+}
+
 TEST(ConnectorMemory, AConnectorWithoutMemoryRefusesEverything) {
     const std::unique_ptr<PolylineGeom> line(NewPolyline(LineOf({{0, 0}, {4, 0}}, 0)));
     AlignedDblRect shape(0, 0, 2, 2);
@@ -266,6 +327,78 @@ TEST(ConnectorMemory, ContainersThatCannotBeMadeAreReported) {
         const MallocGuard guard(allowed);
         EXPECT_EQ(connector.GenerateOutputPoly(0, 0), nullptr);
     }
+}
+
+/// A connector in the midst of the steps: split points on both segments of its first line and on its second, so many
+/// that they take further memory to be ordered.
+void TakeSteps(PolylineConnector& connector) {
+    connector.AddPolyline(NewPolyline(LineOf({{0, 0}, {900, 0}, {900, 50}}, 0)), 1);
+    connector.AddPolyline(NewPolyline(LineOf({{0, 5}, {4, 5}}, 0)), 1);
+    connector.segCount = 3;
+    ASSERT_TRUE(connector.InitNewPolySeg());
+    ASSERT_TRUE(connector.InitNewPts());
+    connector.AddNewPt(0, DblPt(7, 0));
+    for (int i = 600; i > 0; --i)
+        connector.AddNewPt(1, DblPt(900, i / 16.0));
+    connector.AddNewPt(2, DblPt(3, 5));
+    connector.AddNewPolySeg(DblPt(1, 2), DblPt(3, 4));
+}
+
+/// Lets the output fail with so many allocations or fewer.
+template <class Guard>
+void RefuseOutput(PolylineConnector& connector, size_t most) {
+    for (size_t allowed = 0; allowed <= most; ++allowed) {
+        PolylineGeom* something = nullptr;
+        PolylineGeom** out = &something;
+        unsigned count = 9;
+        bool isMade = true;
+        {
+            const Guard guard(allowed);
+            isMade = connector.GenerateOutputPolylist(count, out);
+        }
+        ASSERT_FALSE(isMade) << allowed << " allocations";
+        ASSERT_EQ(count, 0u);
+        ASSERT_EQ(out, nullptr);
+    }
+}
+
+TEST(ConnectorMemory, AnOutputThatCannotBeMadeUsesNothingUp) {
+    PolylineConnector connector;
+    TakeSteps(connector);
+    // The array, two polylines, and twice memory to order the split points in.
+    RefuseOutput<AllocationGuard>(connector, 4);
+    RefuseOutput<MallocGuard>(connector, 1);
+    EXPECT_EQ(connector.newPts[0]->size(), 1u);
+    EXPECT_EQ(connector.newPts[1]->size(), 600u);
+    EXPECT_EQ(connector.newPts[2]->size(), 1u);
+    EXPECT_EQ(connector.newPolySegs->size(), 1u);
+    unsigned count = 0;
+    PolylineGeom** out = nullptr;
+    ASSERT_TRUE(connector.GenerateOutputPolylist(count, out));
+    const Lines lines = TakeLines(count, out);
+    ASSERT_EQ(lines.size(), 3u);
+    EXPECT_EQ(lines[0].size(), 3u + 1 + 600);
+    EXPECT_TRUE(Hold({lines[1], lines[2]}, {{{0, 5}, {3, 5}, {4, 5}}, {{1, 2}, {3, 4}}}));
+    for (unsigned i = 0; i < 3; ++i)
+        EXPECT_TRUE(connector.newPts[i]->empty());
+}
+
+TEST(ConnectorMemory, APolylineThatCannotBeMadeUsesNothingUp) {
+    PolylineConnector connector;
+    TakeSteps(connector);
+    size_t allowed = 0;
+    std::unique_ptr<PolylineGeom> made;
+    for (; made == nullptr; ++allowed) {
+        ASSERT_EQ(connector.newPts[0]->size(), 1u);
+        ASSERT_EQ(connector.newPts[1]->size(), 600u);
+        const AllocationGuard guard(allowed);
+        made.reset(connector.GenerateOutputPoly(0, 0));
+    }
+    EXPECT_GE(allowed, 3u);
+    EXPECT_EQ(made->NPts(), 3u + 1 + 600);
+    EXPECT_TRUE(connector.newPts[0]->empty());
+    EXPECT_TRUE(connector.newPts[1]->empty());
+    EXPECT_EQ(connector.newPts[2]->size(), 1u);
 }
 
 /// How many allocations the search for pairs takes among these lines.

@@ -64,7 +64,7 @@ Network NetworkOf(const Lines& lines) {
 Lines Joined(const Lines& lines, double tol) { return Connected(NetworkOf(lines), tol); }
 
 /// A shape of a host's own that contains what lies within 1 of a point on both axes. It counts the objects of its
-/// kind.
+/// kind, and how often they are asked for their centroids.
 class Disc final : public ClosedShape {
 public:
     Disc(double x, double y) : centre_(x, y) { ++alive; }
@@ -78,10 +78,14 @@ public:
         tolerances.push_back(tol);
         return centre_.XDist(DblPt(x, y)) <= 1 && centre_.YDist(DblPt(x, y)) <= 1;
     }
-    void GetCentroid(DblPt& out) const override { out = centre_; }
+    void GetCentroid(DblPt& out) const override {
+        ++centroids;
+        out = centre_;
+    }
     void ApplyTransform(const Vellum::Mtx2D*) override {}
 
     static inline int alive = 0;
+    static inline int centroids = 0;
     static inline std::vector<double> tolerances;
 
 private:
@@ -95,6 +99,13 @@ protected:
         connector.segCount = 2;
         ASSERT_TRUE(connector.InitNewPolySeg());
         ASSERT_TRUE(connector.InitNewPts());
+    }
+
+    /// Adds split points to segment 1, so many that the next one moves them.
+    DblPtVec& Filled(const DblPt& p, const DblPt& q, const DblPt& r) {
+        for (const DblPt& split : {p, q, r})
+            connector.AddNewPt(1, split);
+        return *connector.newPts[1];
     }
 
     Points SplitsOf(unsigned seg) const {
@@ -333,14 +344,10 @@ TEST(PolylineConnector, LinesOfAPointOrNoneComeOutAsTheyAre) {
 
 TEST(PolylineConnector, ASingleLineIsNotJoinedToShapes) {
     Network network = NetworkOf({{{0, 0}, {10, 0}, {10, 5}}});
-    network.shapes.push_back({std::make_unique<AlignedDblRect>(-1, -1, 1, 1), 7});
+    network.shapes.push_back({std::make_unique<AlignedDblRect>(-1, -1, 2, 1), 7});
     EXPECT_TRUE(Hold(Connected(network, 1), {{{0, 0}, {10, 0}, {10, 5}}}));
     network.lines.push_back(LineOf({}, 3));
-    EXPECT_EQ(Connected(network, 1).size(), 2u);
-    network.lines[1] = LineOf({{90, 90}, {91, 95}}, 3);
-    EXPECT_EQ(Connected(network, 1).size(), 2u);
-    network.shapes[0].shape = std::make_unique<AlignedDblRect>(-1, -1, 2, 1);
-    EXPECT_EQ(Connected(network, 1).size(), 3u);
+    EXPECT_TRUE(Hold(Connected(network, 1), {{{0, 0}, {10, 0}, {10, 5}}, {}, {{0, 0}, {0.5, 0}}}));
 }
 
 TEST(PolylineConnector, TheOutputIsMadeOfCopies) {
@@ -597,6 +604,7 @@ TEST(ConnectorOwnership, NoCentroidEqualsNaN) {
 
 TEST(ConnectorOwnership, ManyShapesAreToldApart) {
     PolylineConnector connector;
+    Disc::centroids = 0;
     for (int i = 0; i < 3000; ++i) {
         ASSERT_TRUE(connector.AddConnector(new Disc(i % 50, i / 50), 1));
         ASSERT_EQ(connector.connectors->size(), static_cast<size_t>(i + 1));
@@ -607,6 +615,47 @@ TEST(ConnectorOwnership, ManyShapesAreToldApart) {
         ASSERT_TRUE(connector.AddConnector(&duplicate, 1));
         ASSERT_EQ(connector.connectors->size(), 3000u);
     }
+    // Each shape added is held against a few others, not against all.
+    EXPECT_LE(Disc::centroids, 6000 * 5);
+}
+
+TEST(ConnectorOwnership, WhatIsTakenOffTheEndIsTheHosts) {
+    Disc::alive = 0;
+    PolylineConnector connector;
+    for (int i = 0; i < 3; ++i) {
+        ASSERT_TRUE(connector.AddConnector(new Disc(3 * i, 1), 1));
+        ASSERT_TRUE(connector.AddPolyline(NewPolyline(LineOf({{0, 2.0 * i}, {4, 2.0 * i}}, 0)), 1));
+    }
+    const std::unique_ptr<LayerConnector> record(connector.connectors->back());
+    const std::unique_ptr<ClosedShape> shape(record->shape);
+    connector.connectors->pop_back();
+    const std::unique_ptr<LayerPolyline> layered(connector.polylines->back());
+    const std::unique_ptr<PolylineGeom> line(layered->poly);
+    connector.polylines->pop_back();
+    // It is not there any more, and those before it are.
+    EXPECT_TRUE(connector.AddConnector(new Disc(6, 1), 1));
+    EXPECT_EQ(connector.connectors->size(), 3u);
+    Disc duplicate(3, 1);
+    EXPECT_TRUE(connector.AddConnector(&duplicate, 1));
+    EXPECT_EQ(connector.connectors->size(), 3u);
+    unsigned count = 0;
+    PolylineGeom** out = nullptr;
+    ASSERT_TRUE(connector.ConnectPolylines(0, count, out));
+    EXPECT_EQ(connector.segCount, 2u);
+    TakeLines(count, out);
+    connector.Reset();
+    EXPECT_EQ(Disc::alive, 2);
+}
+
+TEST(ConnectorOwnership, AShapeThatIsHeldStaysHeld) {
+    Disc::alive = 0;
+    PolylineConnector connector;
+    auto* const disc = new Disc(3, 1);
+    EXPECT_TRUE(connector.AddConnector(disc, 1));
+    EXPECT_TRUE(connector.AddConnector(disc, 1));
+    EXPECT_EQ(connector.connectors->size(), 1u);
+    connector.Reset();
+    EXPECT_EQ(Disc::alive, 0);
 }
 
 TEST(ConnectorOwnership, WhatIsAddedTwiceIsDestroyedOnce) {
@@ -941,6 +990,75 @@ TEST_F(Steps, VtxToSegment) {
     EXPECT_EQ(SplitsOf(1).size(), 2u);
 }
 
+TEST_F(Steps, VtxToSegmentTakesSplitPoints) {
+    const DblPtVec& splits = Filled({20, 20}, {3, 0.1}, {0, 0});
+    LineSegmentGeom link;
+    bool hit0 = false;
+    bool hit1 = false;
+    EXPECT_TRUE(connector.VtxToSegment(splits.begin()[1], 1, splits.begin()[2], hit0, {10, 0}, hit1, 2, link));
+    EXPECT_TRUE(link.IsExactly({3, 0.1, 3, 0}));
+    EXPECT_TRUE(Hold({SplitsOf(1)}, {{{20, 20}, {3, 0.1}, {0, 0}, {3, 0}}}));
+}
+
+TEST_F(Steps, VtxToSegmentTakesPointsOfTheLink) {
+    LineSegmentGeom link(-1, 0, 10, 0);
+    bool hit0 = false;
+    bool hit1 = false;
+    EXPECT_TRUE(connector.VtxToSegment({-2, 1}, 1, link.end, hit0, link.start, hit1, 4, link));
+    EXPECT_TRUE(link.IsExactly({-2, 1, -1, 0}));
+    EXPECT_TRUE(hit1);
+}
+
+TEST_F(Steps, TryParallelSegmentsTakesSplitPoints) {
+    DblPtVec& splits = Filled({2, 1}, {6, 1}, {20, 20});
+    EXPECT_TRUE(connector.TryParallelSegments(0, splits[0], splits[1], 1, {-5, 0}, {10, 0}, 2));
+    EXPECT_TRUE(Hold({SplitsOf(0), SplitsOf(1)}, {{}, {{2, 1}, {6, 1}, {20, 20}, {2, 0}, {6, 0}}}));
+    EXPECT_TRUE(Hold(Links(), {{{2, 1}, {2, 0}}, {{6, 1}, {6, 0}}}));
+}
+
+TEST_F(Steps, TryIntersectingSegmentsTakesSplitPoints) {
+    DblPtVec& splits = Filled({1, 6}, {5, 2}, {20, 20});
+    EXPECT_TRUE(connector.TryIntersectingSegments(1, {0, 1}, {4, 5}, 0, splits[0], splits[1], 0));
+    EXPECT_TRUE(Hold({SplitsOf(0), SplitsOf(1)}, {{{3, 4}}, {{1, 6}, {5, 2}, {20, 20}, {3, 4}}}));
+}
+
+TEST_F(Steps, ConnectEndToSegmentInteriorTakesSplitPoints) {
+    DblPtVec& splits = Filled({4, 1}, {6, 7}, {20, 20});
+    EXPECT_TRUE(connector.ConnectEndToSegmentInterior(0, splits[0], splits[1], 1, {0, 0}, {10, 0}, 1.5));
+    EXPECT_TRUE(Hold({SplitsOf(0), SplitsOf(1)}, {{}, {{4, 1}, {6, 7}, {20, 20}, {4, 0}}}));
+    EXPECT_TRUE(Hold(Links(), {{{4, 1}, {4, 0}}}));
+}
+
+TEST_F(Steps, ConnectLineSegmentsTakesSplitPoints) {
+    DblPtVec& splits = Filled({4, 1}, {6, 7}, {20, 20});
+    connector.ConnectLineSegments(0, splits[0], splits[1], 1, {0, 0}, {10, 0}, 1.5);
+    EXPECT_TRUE(Hold({SplitsOf(0), SplitsOf(1)}, {{}, {{4, 1}, {6, 7}, {20, 20}, {4, 0}}}));
+    EXPECT_TRUE(Hold(Links(), {{{4, 1}, {4, 0}}}));
+}
+
+TEST_F(Steps, AddNewPtTakesASplitPoint) {
+    DblPtVec& splits = Filled({4, 1}, {6, 7}, {20, 20});
+    connector.AddNewPt(1, splits[1]);
+    EXPECT_TRUE(Hold({SplitsOf(1)}, {{{4, 1}, {6, 7}, {20, 20}, {6, 7}}}));
+}
+
+TEST_F(Steps, ApplyConnectorsToSegmentTakesSplitPoints) {
+    connector.AddConnector(new AlignedDblRect(3, -1, 7, 2), 5);
+    DblPtVec& splits = Filled({0, 0}, {10, 0}, {20, 20});
+    EXPECT_TRUE(connector.ApplyConnectorsToSegment(splits[0], splits[1], 5, 1));
+    EXPECT_TRUE(Hold({SplitsOf(1)}, {{{0, 0}, {10, 0}, {20, 20}, {5, 0}}}));
+    EXPECT_TRUE(Hold(Links(), {{{5, 0}, {5, 0.5}}}));
+}
+
+TEST_F(Steps, LinksAreMadeOfPointsOfLinks) {
+    connector.AddNewPolySeg({1, 2}, {3, 5});
+    for (int i = 0; i < 3; ++i) {
+        const PolylineGeom& last = *connector.newPolySegs->back();
+        connector.AddNewPolySeg(last.Start()[1], last.Start()[0]);
+    }
+    EXPECT_TRUE(Hold(Links(), {{{1, 2}, {3, 5}}, {{3, 5}, {1, 2}}, {{1, 2}, {3, 5}}, {{3, 5}, {1, 2}}}));
+}
+
 TEST_F(Steps, ConnectLineSegmentsTakesOneStepAfterTheOther) {
     connector.ConnectLineSegments(0, {0, 0}, {4, 1}, 1, {4, 1}, {4, 0.5}, 9);
     EXPECT_TRUE(HasNothing());
@@ -1011,6 +1129,24 @@ TEST_F(Steps, TheClosestSplitPointIsTakenFirst) {
     EXPECT_FALSE(connector.GetNextClosestPt(DblPt(), 0, last, isNew));
     EXPECT_TRUE(IsAt(last, 9, 0));
     EXPECT_EQ(connector.newPts[1]->size(), 0u);
+}
+
+TEST_F(Steps, TheClosestSplitPointIsTakenWithPointsOfTheList) {
+    DblPtVec& splits = Filled({9, 0}, {1, 0}, {5, 0});
+    bool isNew = false;
+    EXPECT_TRUE(connector.GetNextClosestPt({0, 0}, 1, splits[2], isNew));
+    EXPECT_TRUE(isNew);
+    EXPECT_TRUE(IsAt(splits[2], 1, 0));
+    EXPECT_TRUE(Hold({SplitsOf(1)}, {{{9, 0}, {5, 0}}}));
+    // It is the closest itself.
+    DblPt last;
+    EXPECT_TRUE(connector.GetNextClosestPt(splits[0], 1, last, isNew));
+    EXPECT_TRUE(IsAt(last, 9, 0));
+    // What the next one is measured from may be where it is put.
+    connector.AddNewPt(1, {8, 0});
+    EXPECT_TRUE(connector.GetNextClosestPt(last, 1, last, isNew));
+    EXPECT_TRUE(IsAt(last, 8, 0));
+    EXPECT_TRUE(Hold({SplitsOf(1)}, {{{5, 0}}}));
 }
 
 TEST_F(Steps, ASplitPointIsNewUnlessItRepeatsTheOneBefore) {
