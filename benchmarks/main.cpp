@@ -63,6 +63,8 @@ int main(int argc, char** argv) {
     RegisterClipping(report);
     RegisterContainment(report);
     RegisterClearance(report);
+    RegisterConnector(report);
+    RegisterShortestPaths(report);
 
     int count = static_cast<int>(arguments.size());
     arguments.push_back(nullptr);

@@ -31,6 +31,8 @@ void RegisterTransforms(TargetReport& report);
 void RegisterClipping(TargetReport& report);
 void RegisterContainment(TargetReport& report);
 void RegisterClearance(TargetReport& report);
+void RegisterConnector(TargetReport& report);
+void RegisterShortestPaths(TargetReport& report);
 
 }  // namespace VellumBench
 

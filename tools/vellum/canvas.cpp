@@ -24,6 +24,7 @@ constexpr double kLineWidth = 1.3;
 constexpr double kPointRadius = 3.5;
 constexpr double kFrameWidth = 2.0;
 constexpr double kHaloWidth = 1.8;
+constexpr double kLabelMargin = 6.0;
 
 // The renderer's own: the same letters everywhere, and no font that a machine may lack.
 constexpr const char* kFont = "@cairo:";
@@ -141,13 +142,27 @@ void Canvas::Text(const Vellum::int_pt_t& point, const std::string& text, const 
     const auto size = static_cast<int32_t>(style.size * kUnitsPerPixel);
     const int32_t width = size * static_cast<int32_t>(text.size());
     if (!Touches(part_, {point.x, point.y - size, point.x + width, point.y + size})) return;
-    cairo_select_font_face(context_.get(), kFont, CAIRO_FONT_SLANT_NORMAL,
-                           style.bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
-    cairo_set_font_size(context_.get(), style.size);
+    SelectFont(style);
     for (const auto& [right, down] : kAround) {
         Letters(Pixels(point.x) + right * kHaloWidth, Pixels(point.y) + down * kHaloWidth, text, kPaper);
     }
     Letters(Pixels(point.x), Pixels(point.y), text, style.colour);
+}
+
+void Canvas::Label(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style) {
+    SelectFont(style);
+    cairo_text_extents_t extents;
+    cairo_text_extents(context_.get(), text.c_str(), &extents);
+    const double room = size_.width - kLabelMargin - extents.x_advance;
+    const double left = std::max(kLabelMargin, std::min(Pixels(point.x) - extents.x_advance * 0.5, room));
+    const double base = std::max(kLabelMargin + style.size, Pixels(point.y));
+    Text({static_cast<int32_t>(left * kUnitsPerPixel), static_cast<int32_t>(base * kUnitsPerPixel)}, text, style);
+}
+
+void Canvas::SelectFont(const TextStyle& style) {
+    cairo_select_font_face(context_.get(), kFont, CAIRO_FONT_SLANT_NORMAL,
+                           style.bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
+    cairo_set_font_size(context_.get(), style.size);
 }
 
 /// As glyphs, not as a path: the renderer's paths of letters differ from run to run.

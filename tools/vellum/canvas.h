@@ -82,8 +82,11 @@ public:
     /// base line. The font has the letters of ASCII and a box for any other.
     void Text(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style);
 
-    /// Runs @p paint on a part of the picture as if it were the whole: nothing is drawn outside it, and its upper left
-    /// corner is the origin.
+    /// The same with its middle above @p point, moved as far as the picture's sides ask for.
+    void Label(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style);
+
+    /// Runs @p paint on a part of the picture as if it were the whole: nothing is drawn outside it, and its upper
+    /// left corner is the origin.
     template <class PaintPart>
     void Within(const PixelBox& box, PaintPart paint) {
         const PictureSize size = size_;
@@ -100,6 +103,7 @@ public:
 
 private:
     void Enter(const PixelBox& box);
+    void SelectFont(const TextStyle& style);
     void Letters(double x, double y, const std::string& text, const Colour& colour);
     bool Shows(const DeviceGeometry::Points& ring) const;
     void Path(const DeviceGeometry::Points& points);

@@ -82,11 +82,16 @@ uint32_t Mean(const Pixels& samples, int left, int top) {
 
 }  // namespace
 
-PictureFormat FormatOf(const std::string& path) {
+std::optional<PictureFormat> FormatNamedBy(const std::string& path) {
     const std::string extension = std::filesystem::path(path).extension().string();
     if (extension == ".png") return PictureFormat::Png;
     if (extension == ".svg") return PictureFormat::Svg;
     if (extension == ".pdf") return PictureFormat::Pdf;
+    return std::nullopt;
+}
+
+PictureFormat FormatOf(const std::string& path) {
+    if (const std::optional<PictureFormat> format = FormatNamedBy(path)) return *format;
     throw Error(path + ": the name of a picture must end in .png, .svg or .pdf");
 }
 

@@ -3,6 +3,7 @@
 #define VELLUM_TOOL_PICTURE_H
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "canvas.h"
@@ -14,7 +15,10 @@ namespace tool {
 
 enum class PictureFormat { Png, Svg, Pdf };
 
-/// The format that a file's extension names. Throws `Error` for any other.
+/// The format that a file's extension names, if it does.
+std::optional<PictureFormat> FormatNamedBy(const std::string& path);
+
+/// The same. Throws `Error` where the extension names none.
 PictureFormat FormatOf(const std::string& path);
 
 /// A picture on its way into a file.
