@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: MIT
+#include <dirent.h>
 #include <fontconfig/fontconfig.h>
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
 #include <memory>
 #include <new>
 #include <set>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -21,9 +20,16 @@ namespace Vellum::internal {
 
 namespace {
 
-namespace fs = std::filesystem;
-
 using Paths = std::vector<std::string>;
+
+struct Closer {
+    void operator()(char* text) const { std::free(text); }
+    void operator()(DIR* directory) const { closedir(directory); }
+    void operator()(FcConfig* config) const { FcConfigDestroy(config); }
+    void operator()(FcStrList* list) const { FcStrListDone(list); }
+};
+
+using OpenDirectory = std::unique_ptr<DIR, Closer>;
 
 // The font folder is the directories "fonts" below the data directories, in their order.
 Paths FolderDirectories() {
@@ -50,6 +56,17 @@ bool IsFontName(std::string_view name) {
     return suffix[0] == '.' && isT(suffix[1]) && isT(suffix[2]);
 }
 
+enum class Kind { Directory, File, Other };
+
+Kind KindOf(mode_t mode) { return S_ISDIR(mode) ? Kind::Directory : S_ISREG(mode) ? Kind::File : Kind::Other; }
+
+// Of what a link leads to, where it is one. The directory tells most kinds without another look at the disk.
+Kind KindOf(DIR* directory, const dirent& entry) {
+    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return KindOf(static_cast<mode_t>(DTTOIF(entry.d_type)));
+    struct stat status = {};
+    return fstatat(dirfd(directory), entry.d_name, &status, 0) == 0 ? KindOf(status.st_mode) : Kind::Other;
+}
+
 // Finds the font files below directories. A directory that links lead to again is passed over, so links may go round.
 class FolderSearch {
 public:
@@ -62,23 +79,31 @@ public:
 
 private:
     void Search(const std::string& directory) {
-        struct stat status = {};
-        if (stat(directory.c_str(), &status) != 0) return;
-        if (!searched_.emplace(status.st_dev, status.st_ino).second) return;
-        Paths subdirectories;
-        std::error_code error;
-        for (fs::directory_iterator entry(directory, error), end; entry != end; entry.increment(error)) {
-            std::error_code ignored;
-            if (entry->is_directory(ignored)) {
-                subdirectories.push_back(entry->path().native());
-            } else if (IsFontName(entry->path().native()) && entry->is_regular_file(ignored)) {
-                files_.push_back(entry->path().native());
-            }
-        }
+        Paths subdirectories = FilesIn(directory);
         // Which of several paths to a directory counts does not depend on the order on the disk.
         std::sort(subdirectories.begin(), subdirectories.end());
         for (const std::string& subdirectory : subdirectories)
             Search(subdirectory);
+    }
+
+    // Returns the subdirectories.
+    Paths FilesIn(const std::string& path) {
+        Paths subdirectories;
+        const OpenDirectory directory(opendir(path.c_str()));
+        if (!directory || !IsNew(directory.get())) return subdirectories;
+        while (const dirent* entry = readdir(directory.get())) {
+            const std::string_view name = entry->d_name;
+            if (name == "." || name == "..") continue;
+            const Kind kind = KindOf(directory.get(), *entry);
+            if (kind == Kind::Directory) subdirectories.push_back(path + '/' + entry->d_name);
+            if (kind == Kind::File && IsFontName(name)) files_.push_back(path + '/' + entry->d_name);
+        }
+        return subdirectories;
+    }
+
+    bool IsNew(DIR* directory) {
+        struct stat status = {};
+        return fstat(dirfd(directory), &status) == 0 && searched_.emplace(status.st_dev, status.st_ino).second;
     }
 
     std::set<std::pair<dev_t, ino_t>> searched_;
@@ -93,7 +118,7 @@ public:
             roots_.push_back(RealPath(directory));
     }
 
-    bool Holds(const fs::path& directory) const {
+    bool Holds(const std::string& directory) const {
         const std::string path = RealPath(directory) + '/';
         return std::any_of(roots_.begin(), roots_.end(),
                            [&path](const std::string& root) { return path.starts_with(root + '/'); });
@@ -101,22 +126,16 @@ public:
 
 private:
     // The path itself where nothing is there.
-    static std::string RealPath(const fs::path& path) {
-        std::error_code error;
-        const fs::path real = fs::canonical(path, error);
-        return error ? path.native() : real.native();
+    static std::string RealPath(const std::string& path) {
+        const std::unique_ptr<char, Closer> real(realpath(path.c_str(), nullptr));
+        return real ? real.get() : path;
     }
 
     Paths roots_;
 };
 
-struct FontconfigCloser {
-    void operator()(FcConfig* config) const { FcConfigDestroy(config); }
-    void operator()(FcStrList* list) const { FcStrListDone(list); }
-};
-
-using Config = std::unique_ptr<FcConfig, FontconfigCloser>;
-using StringList = std::unique_ptr<FcStrList, FontconfigCloser>;
+using Config = std::unique_ptr<FcConfig, Closer>;
+using StringList = std::unique_ptr<FcStrList, Closer>;
 
 const char* TextOf(const FcChar8* text) { return reinterpret_cast<const char*>(text); }
 
@@ -142,6 +161,8 @@ const char* TrueTypePath(const FcPattern* font) {
     return TextOf(path);
 }
 
+std::string ParentOf(const std::string& path) { return path.substr(0, path.rfind('/')); }
+
 std::set<std::string> RegisteredPaths() {
     const FontFolder folder;
     // A configuration of our own: the one that a host may have made current stays as it is. Without a file it is empty.
@@ -152,7 +173,7 @@ std::set<std::string> RegisteredPaths() {
     const FcFontSet* fonts = FcConfigGetFonts(config.get(), FcSetApplication);
     for (int i = 0; fonts != nullptr && i < fonts->nfont; ++i) {
         const char* path = TrueTypePath(fonts->fonts[i]);
-        if (path != nullptr && !folder.Holds(fs::path(path).parent_path())) paths.insert(path);
+        if (path != nullptr && !folder.Holds(ParentOf(path))) paths.insert(path);
     }
     return paths;
 }
