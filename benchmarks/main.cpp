@@ -63,6 +63,7 @@ int main(int argc, char** argv) {
     RegisterClipping(report);
     RegisterContainment(report);
     RegisterClearance(report);
+    RegisterFonts(report);
 
     int count = static_cast<int>(arguments.size());
     arguments.push_back(nullptr);

@@ -31,6 +31,7 @@ void RegisterTransforms(TargetReport& report);
 void RegisterClipping(TargetReport& report);
 void RegisterContainment(TargetReport& report);
 void RegisterClearance(TargetReport& report);
+void RegisterFonts(TargetReport& report);
 
 }  // namespace VellumBench
 

@@ -8,6 +8,7 @@
 #include "clearance_command.h"
 #include "draw_command.h"
 #include "error.h"
+#include "fonts_command.h"
 #include "info_command.h"
 #include "sheet_command.h"
 #include "text.h"
@@ -23,6 +24,7 @@ int Run(int argc, char** argv) {
     tool::AddDrawCommand(app);
     tool::AddClearanceCommand(app);
     tool::AddInfoCommand(app);
+    tool::AddFontsCommand(app);
     tool::AddSheetCommand(app);
     try {
         app.parse(argc, argv);
