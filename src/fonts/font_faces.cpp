@@ -80,7 +80,7 @@ OwnedText LittleEndian(const FT_SfntName& name) {
 }  // namespace
 
 int Fonts::SetupFontList(char** path, int index) {
-    if (index < 0) return index;
+    if (index < 0 || index >= kMaxFaces) return index;
     const int language = GetFontLocaleFlag();
     internal::OpenFace face = internal::OpenFaceOf(*path, 0);
     const FT_Long count = face ? face->num_faces : 0;

@@ -37,7 +37,7 @@ Fonts::Fonts() { InitFaceList(); }
 Fonts::~Fonts() {}
 
 Fonts& Fonts::operator=(const Fonts& other) {
-    std::memmove(static_cast<void*>(this), &other, sizeof *this);
+    std::memmove(static_cast<void*>(this), static_cast<const void*>(&other), sizeof *this);
     return *this;
 }
 
