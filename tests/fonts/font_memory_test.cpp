@@ -19,7 +19,6 @@ using fonts_test::Machine;
 using support::AllocationGuard;
 using Vellum::fnt_lst_t;
 using Vellum::FontFaceRec;
-using Vellum::Fonts;
 using Names = std::vector<std::string>;
 
 class FontMemory : public testing::Test {

@@ -15,6 +15,8 @@
 
 namespace {
 
+using namespace std::string_literals;
+
 using fonts_test::Catalogue;
 using fonts_test::CountRecords;
 using fonts_test::EmptyCatalogue;
@@ -24,9 +26,7 @@ using fonts_test::SetVariable;
 using fonts_test::TestFont;
 using fonts_test::UnsetVariable;
 using Vellum::FontFaceRec;
-using Vellum::Fonts;
 using Names = std::vector<std::string>;
-using std::string_literals::operator""s;
 
 class FontRecords : public testing::Test {
 protected:

@@ -5,11 +5,11 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <cstring>
 #include <filesystem>
 #include <iterator>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "fonts/font_machine.h"
@@ -276,6 +276,8 @@ TEST_F(FontScan, WithoutAFileLeavesNoRecordsAndTheClassesAsTheyWere) {
     fonts_test::ReleaseRecords(before.data());
 }
 
+std::string_view BytesOf(const Fonts& fonts) { return {reinterpret_cast<const char*>(&fonts), sizeof fonts}; }
+
 TEST_F(FontScan, AssignmentCopiesAllBytes) {
     machine.Install("trio.ttc");
     const Catalogue fonts = ScannedCatalogue();
@@ -284,11 +286,11 @@ TEST_F(FontScan, AssignmentCopiesAllBytes) {
     fonts->sentinel = 77;
     fonts->unused[3] = fonts.get();
     EXPECT_EQ(&(*copy = *fonts), copy.get());
-    EXPECT_EQ(std::memcmp(copy.get(), fonts.get(), sizeof(Fonts)), 0);
+    EXPECT_TRUE(BytesOf(*copy) == BytesOf(*fonts));
     EXPECT_EQ(copy->faces[1].familyName, fonts->faces[1].familyName);
     const Fonts& same = *copy;
     *copy = same;
-    EXPECT_EQ(std::memcmp(copy.get(), fonts.get(), sizeof(Fonts)), 0);
+    EXPECT_TRUE(BytesOf(*copy) == BytesOf(*fonts));
 }
 
 TEST_F(FontScan, DestructionReleasesNothing) {

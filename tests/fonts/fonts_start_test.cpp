@@ -17,7 +17,6 @@ namespace {
 using fonts_test::Catalogue;
 using fonts_test::CountRecords;
 using fonts_test::Entry;
-using fonts_test::FacesOf;
 using fonts_test::IndicesOf;
 using fonts_test::InstalledFaces;
 using fonts_test::Machine;

@@ -7,9 +7,9 @@
 
 namespace {
 
-std::string FromBytes(std::string bytes) { return tool::Utf8FromUtf16(bytes.append(2, '\0').data()); }
+using namespace std::string_literals;
 
-using std::string_literals::operator""s;
+std::string FromBytes(std::string bytes) { return tool::Utf8FromUtf16(bytes.append(2, '\0').data()); }
 
 TEST(Utf16, OfEveryLength) {
     EXPECT_EQ(FromBytes(""), "");
