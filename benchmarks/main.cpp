@@ -65,6 +65,7 @@ int main(int argc, char** argv) {
     RegisterClearance(report);
     RegisterConnector(report);
     RegisterShortestPaths(report);
+    RegisterFonts(report);
 
     int count = static_cast<int>(arguments.size());
     arguments.push_back(nullptr);

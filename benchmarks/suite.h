@@ -33,6 +33,7 @@ void RegisterContainment(TargetReport& report);
 void RegisterClearance(TargetReport& report);
 void RegisterConnector(TargetReport& report);
 void RegisterShortestPaths(TargetReport& report);
+void RegisterFonts(TargetReport& report);
 
 }  // namespace VellumBench
 

@@ -51,7 +51,7 @@ std::vector<TargetReport::Row> TargetReport::Rows() const {
                    "",
                    ""};
         if (target.limit != kForInformation) {
-            row.limit = (faster ? ">= " : "<= ") + Formatted("%.1f", target.limit);
+            row.limit = (faster ? ">= " : "<= ") + Formatted("%.3g", target.limit);
             row.verdict = (faster ? ratio >= target.limit : ratio <= target.limit) ? "OK" : "MISSED";
         }
         rows.push_back(row);

@@ -13,6 +13,7 @@
 #include "vellum/ellipses.h"
 #include "vellum/entity_id.h"
 #include "vellum/font_list.h"
+#include "vellum/fonts.h"
 #include "vellum/geometry.h"
 #include "vellum/matrix.h"
 #include "vellum/matrix_stack.h"

@@ -86,8 +86,21 @@ debug_output() {
     expect_output "$prefix" "$work/host" "$work/expected"
 }
 
+# A host that needs what the library is linked with.
+fonts() {
+    local prefix=$1 work=$2
+    fresh_directory "$work"
+    mkdir "$work/fonts"
+    cp "$here/../fonts/data/plain.ttf" "$work/fonts"
+    printf '%s\n' Hershey HersheyBold HersheyItalic HersheyMonospace Iges1001 Iges1002 Iges1003 "Vellum Plain" \
+        >"$work/expected"
+    compile_with_pkg_config "$prefix" "$here/fonts_host.cpp" "$work/host"
+    export XDG_DATA_DIRS=$work FONTCONFIG_FILE=$work/none.conf
+    expect_output "$prefix" "$work/host" "$work/expected"
+}
+
 case $1 in
     install) install_and_move "${@:2}" ;;
-    build_and_install | find_package | pkg_config | debug_output) "$@" ;;
+    build_and_install | find_package | pkg_config | debug_output | fonts) "$@" ;;
     *) fail "unknown step $1" ;;
 esac

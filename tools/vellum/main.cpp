@@ -8,6 +8,7 @@
 #include "clearance_command.h"
 #include "draw_command.h"
 #include "error.h"
+#include "fonts_command.h"
 #include "info_command.h"
 #include "join_command.h"
 #include "route_command.h"
@@ -28,6 +29,7 @@ int Run(int argc, char** argv) {
     tool::AddInfoCommand(app);
     tool::AddJoinCommand(app);
     tool::AddRouteCommand(app);
+    tool::AddFontsCommand(app);
     tool::AddSheetCommand(app);
     try {
         app.parse(argc, argv);
