@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 #include "paths/connector_steps.h"
 #include "paths/scratch_array.h"
@@ -52,12 +53,18 @@ private:
         Pair pair;
     };
 
+    // So many consecutive segments get their points together.
+    static constexpr uint32_t kBundle = 1024;
+
     bool PassPointsTo(ConnectorSink& sink, size_t segments);
+    bool PassBundleTo(ConnectorSink& sink, std::span<const Point> points, uint32_t firstSegment);
     void PassLinksTo(ConnectorSink& sink);
 
     Pair pair_{};
     ScratchArray<Point> points_;
     ScratchArray<Link> links_;
+    ScratchArray<size_t> ends_;    ///< of the places of each segment in a bundle
+    ScratchArray<size_t> places_;  ///< of points in a bundle, in their order
     bool isComplete_ = true;
 };
 

@@ -62,6 +62,15 @@ bool PolylineJoin::Find() {
     return true;
 }
 
+bool PolylineJoin::PassTo(ConnectorSink& sink) {
+    // What is passed on needs memory too.
+    chains_.Release();
+    runs_.Release();
+    points_.Release();
+    tree_ = {};
+    return findings_.PassTo(sink, segmentCount_);
+}
+
 bool PolylineJoin::MakeRuns() {
     ScratchArray<LayerPlace> pieces;
     if (!chains_.Resize(polylines_.size())) return false;

@@ -37,8 +37,8 @@ public:
 
     /// False where there is not enough memory.
     bool Find();
-    /// Passes on what was found. To be called once. False where there is not enough memory.
-    bool PassTo(ConnectorSink& sink) { return findings_.PassTo(sink, segmentCount_); }
+    /// Passes on what was found. To be called once, at the end. False where there is not enough memory.
+    bool PassTo(ConnectorSink& sink);
 
     const Effort& TheEffort() const { return effort_; }
 

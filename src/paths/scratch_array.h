@@ -17,6 +17,8 @@ public:
     size_t Size() const { return size_; }
     bool IsEmpty() const { return size_ == 0; }
     void Clear() { size_ = 0; }
+    /// Gives the memory back.
+    void Release() { *this = {}; }
 
     T& operator[](size_t i) { return items_[i]; }
     const T& operator[](size_t i) const { return items_[i]; }
