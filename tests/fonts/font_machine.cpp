@@ -63,6 +63,10 @@ Machine::Machine() {
                                   Path("cache") + "</cachedir></fontconfig>");
     SetVariable("XDG_DATA_DIRS", DataDirectory());
     SetVariable("FONTCONFIG_FILE", Path("fonts.conf"));
+    SetVariable("XDG_DATA_HOME", Path("home"));
+    SetVariable("XDG_CONFIG_HOME", Path("home/config"));
+    SetVariable("XDG_CACHE_HOME", Path("home/cache"));
+    UnsetVariable("FONTCONFIG_SYSROOT");
     UnsetVariable("KVO_LANG_SUB_DIR");
 }
 
@@ -88,6 +92,14 @@ std::string Machine::Copy(const std::string& font, const std::string& path) cons
 void Machine::Write(const std::string& path, const std::string& bytes) const {
     fs::create_directories(fs::path(path).parent_path());
     std::ofstream(path, std::ios::binary) << bytes;
+}
+
+void Machine::HideSystem() const {
+    const std::string root = Path("root");
+    const std::string inside = root + root_.string();
+    fs::create_directories(fs::path(inside).parent_path());
+    fs::create_directory_symlink(root_, inside);
+    SetVariable("FONTCONFIG_SYSROOT", root);
 }
 
 void Machine::RemoveFonts() const {

@@ -14,7 +14,8 @@
 
 namespace fonts_test {
 
-/// A machine with its own fonts: while one lives, the environment names its directories and no language.
+/// A machine with its own fonts: while one lives, the environment names its directories, those of a user among them,
+/// and no language.
 class Machine {
 public:
     Machine();
@@ -28,6 +29,12 @@ public:
     /// A directory that fontconfig knows besides the font folder.
     std::string Elsewhere() const { return root_ / "elsewhere"; }
     std::string Path(const std::string& name) const { return root_ / name; }
+
+    /// The user's directory of fonts.
+    std::string Home() const { return root_ / "home/fonts"; }
+    /// Has fontconfig see the machine's own directories, and in the place of the system's ones others that hold no
+    /// font.
+    void HideSystem() const;
 
     /// Copies a test font into the font folder, under its name or another; returns its path.
     std::string Install(const std::string& font, const std::string& as = {}) const;

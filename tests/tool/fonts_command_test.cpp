@@ -23,7 +23,7 @@ protected:
     FontsCommand() {
         fs::create_directories(scratch.Path("fonts"));
         setenv("XDG_DATA_DIRS", scratch.Path("").c_str(), 1);
-        setenv("FONTCONFIG_FILE", scratch.Path("none.conf").c_str(), 1);
+        setenv("FONTCONFIG_FILE", scratch.Write("fonts.conf", "<fontconfig></fontconfig>").c_str(), 1);
     }
     ~FontsCommand() override {
         for (const char* name : {"XDG_DATA_DIRS", "FONTCONFIG_FILE", "KVO_LANG_SUB_DIR"})
