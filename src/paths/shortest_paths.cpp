@@ -191,9 +191,11 @@ SPTEngine::SPTEngine(PolylineGeom** network, unsigned count)
 
 SPTEngine::~SPTEngine() {
     FreeNodePolys(*this);
+    if (state != nullptr && --state->holders == 0) delete state;
+    // The many small blocks of the lists go last. As soon as a large one is freed after them, an allocator may join
+    // them up and give back to the system what the next engine asks for again.
     delete nodeList;
     delete pq;
-    if (state != nullptr && --state->holders == 0) delete state;
     for (uint32_t i = 0; polylines != nullptr && i < polylineCount; ++i)
         delete polylines[i];
     delete[] polylines;
@@ -321,7 +323,9 @@ void SPTEngine::AddNeighborsToPQ(SPTNode** nodes, unsigned n, unsigned i) {
 
 bool SPTEngine::AddVertexNodeToPQ(SPTNode* node) {
     if (state == nullptr) return false;
-    return Offer(*this, node) == OfferOutcome::Accepted;
+    if (Offer(*this, node) != OfferOutcome::Accepted) return false;
+    state->queueIndex.Forget();
+    return true;
 }
 
 void SPTEngine::PrintNodePolys() {

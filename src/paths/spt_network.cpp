@@ -31,7 +31,7 @@ uint64_t HashOf(const DblPt& p) {
 
 SPTNetwork::~SPTNetwork() {
     for (const Page& page : pages_)
-        ::operator delete(page.nodes);
+        if (page.isFirst) ::operator delete(page.nodes);
 }
 
 bool SPTNetwork::AddNodes(std::span<const PolylineGeom* const> lines) {
@@ -84,15 +84,19 @@ bool SPTNetwork::MapVertex(const DblPt& p, uint64_t hash, bool isNew, uint32_t& 
     return (isFound && !isNew) || AppendNode(p);
 }
 
+bool SPTNetwork::AddPages() {
+    const size_t count = std::clamp<size_t>(pages_.Size(), 1, kMostPagesAtOnce);
+    if (!pages_.Reserve(pages_.Size() + count)) return false;
+    const size_t size = count * kPageNodes * sizeof(SPTNode);
+    auto* const nodes = static_cast<SPTNode*>(::operator new(size, std::nothrow));
+    if (nodes == nullptr) return false;
+    for (size_t i = 0; i < count; ++i)
+        pages_.Append({nodes + i * kPageNodes, i == 0});
+    return true;
+}
+
 bool SPTNetwork::AppendNode(const DblPt& p) {
-    if (size_ == pages_.Size() * kPageNodes) {
-        void* const page = ::operator new(kPageNodes * sizeof(SPTNode), std::nothrow);
-        if (page == nullptr) return false;
-        if (!pages_.Append({static_cast<SPTNode*>(page)})) {
-            ::operator delete(page);
-            return false;
-        }
-    }
+    if (size_ == pages_.Size() * kPageNodes && !AddPages()) return false;
     std::construct_at(&(*this)[size_], p);
     ++size_;
     return true;

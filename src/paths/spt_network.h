@@ -2,6 +2,8 @@
 #ifndef VELLUM_SRC_PATHS_SPT_NETWORK_H
 #define VELLUM_SRC_PATHS_SPT_NETWORK_H
 
+#include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -13,12 +15,14 @@
 
 namespace Vellum::internal {
 
-/// The cost of an edge: `DblPt::ApproxDist`, without a branch on which coordinate is the larger.
+/// The cost of an edge: `DblPt::ApproxDist`, without a branch on which distance is the larger. Compilers make one of a
+/// choice between the distances, but not of one between their bits, which are in the same order.
 inline double EdgeCost(const DblPt& from, const DblPt& to) {
-    const double dx = std::fabs(to.x - from.x);
-    const double dy = std::fabs(to.y - from.y);
-    const double larger = dx > dy ? dx : dy;
-    const double smaller = dx > dy ? dy : dx;
+    const auto dx = std::bit_cast<uint64_t>(std::fabs(to.x - from.x));
+    const auto dy = std::bit_cast<uint64_t>(std::fabs(to.y - from.y));
+    const uint64_t exchange = (dx ^ dy) & (0 - uint64_t{dx < dy});
+    const auto larger = std::bit_cast<double>(dx ^ exchange);
+    const auto smaller = std::bit_cast<double>(dy ^ exchange);
     return 0.96 * larger + 0.398 * smaller;
 }
 
@@ -59,15 +63,26 @@ public:
 
     /// In the order of polylines and vertices.
     std::span<const Occurrence> OccurrencesOf(uint32_t i) const {
-        const Occurrence& only = occurrences_[i];
-        const size_t count = IsList(only) ? only.before & kListLength : 1;
-        visited_ += count;
-        return {IsList(only) ? lists_.begin() + only.after : &only, count};
+        const std::span<const Occurrence> list = ListOf(i);
+        visited_ += list.size();
+        return list;
     }
-    /// For a node that is soon asked for its occurrences.
-    void PrefetchOccurrencesOf(uint32_t i) const {
+    /// @name Prefetching
+    /// What is needed of a node that is soon asked for its occurrences, in the order in which one leads to the next.
+    /// @{
+    void PrefetchFirst(uint32_t i) const { __builtin_prefetch(&occurrences_[i]); }
+    void PrefetchList(uint32_t i) const {
         if (IsList(occurrences_[i])) __builtin_prefetch(lists_.begin() + occurrences_[i].after);
     }
+    /// No more than the first of them: a node may have many, and be about to be expanded many times.
+    void PrefetchNeighbours(uint32_t i) const {
+        const std::span<const Occurrence> list = ListOf(i);
+        for (const Occurrence& occurrence : list.first(std::min(list.size(), kMostPrefetched))) {
+            Prefetch(occurrence.before);
+            Prefetch(occurrence.after);
+        }
+    }
+    /// @}
     /// The way on past node @p i for one who comes from its neighbour @p from; `kNone` where it ends or there is a
     /// choice.
     uint32_t Past(uint32_t i, uint32_t from) const {
@@ -92,16 +107,32 @@ public:
 
 private:
     static constexpr uint32_t kPageNodes = 1024;
+    static constexpr size_t kMostPagesAtOnce = 32;
+    static constexpr size_t kMostPrefetched = 4;
     // Apart from numbers of nodes, and from kNone.
     static constexpr uint32_t kList = 0x80000000;
     static constexpr uint32_t kListLength = 0x3fffffff;
 
     struct Page {
         SPTNode* nodes;
+        bool isFirst;  ///< of those whose memory was asked for at once
     };
 
     static bool IsList(const Occurrence& occurrence) { return (occurrence.before & ~kListLength) == kList; }
 
+    std::span<const Occurrence> ListOf(uint32_t i) const {
+        const Occurrence& only = occurrences_[i];
+        if (IsList(only)) return {lists_.begin() + only.after, only.before & kListLength};
+        return {&only, 1};
+    }
+    // A node lies in two lines of the cache, often.
+    void Prefetch(uint32_t i) const {
+        if (i == kNone) return;
+        __builtin_prefetch(&(*this)[i].pt);
+        __builtin_prefetch(&(*this)[i].depth);
+    }
+
+    bool AddPages();
     bool AppendNode(const DblPt& p);
     bool ReserveTable(size_t nodes);
     size_t HomeOf(uint64_t hash) const { return static_cast<size_t>(hash >> tableShift_); }

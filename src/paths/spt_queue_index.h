@@ -21,8 +21,7 @@ public:
     /// Follows @p queue from here on, unless it does so already. Where the costs do not ascend or memory runs out it
     /// does not, and sorts the queue as a whole.
     void Follow(Queue& queue);
-    /// To be called before anything but this class changes the queue, or the costs of the nodes in it. Where a node is
-    /// only appended, and not sorted in, there is no need: `Follow` sees that the queue is longer.
+    /// To be called when anything but this class changes the queue, or the costs of the nodes in it.
     void Forget();
 
     void PopFront(Queue& queue);

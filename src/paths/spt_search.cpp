@@ -137,6 +137,9 @@ private:
     // Marks the rank of a node that came to the list ahead of the one with the rank before, though that one had an
     // entry further ahead already.
     static constexpr uint32_t kEnclosed = 1;
+    // In accepted nodes: many enough for memory to answer, few enough for the cache to keep what it answered.
+    static constexpr uint32_t kStepDelay = 32;
+    static constexpr uint32_t kLatest = 2 * kStepDelay;
 
     struct Offer {
         uint32_t index;
@@ -189,8 +192,18 @@ private:
         node.depth = nextRank_ | mark;
         node.inTree = 1;
         nextRank_ += kRankStep;
-        network_.PrefetchOccurrencesOf(offer.index);
+        Prefetch(offer.index);
         return queue_.Push(offer.cost, offer.index);
+    }
+
+    // Searches of large networks would wait for memory most of the time. What the expansion of an accepted node needs
+    // is fetched in three steps, as further nodes are accepted: each step reads what the one before has fetched.
+    void Prefetch(uint32_t accepted) {
+        network_.PrefetchFirst(accepted);
+        network_.PrefetchList(accepted_[(acceptedCount_ - kStepDelay) % kLatest]);
+        uint32_t& oldest = accepted_[acceptedCount_++ % kLatest];
+        network_.PrefetchNeighbours(oldest);
+        oldest = accepted;
     }
 
     // Whether the list holds, behind this node's entries, another one of the node expanded before.
@@ -201,6 +214,8 @@ private:
 
     const SPTNetwork& network_;
     MonotoneQueue& queue_;
+    uint32_t accepted_[kLatest]{};  ///< the latest accepted nodes; node 0 in place of those that have not been yet
+    uint32_t acceptedCount_ = 0;
     uint32_t nextRank_ = 0;
     // Of the node expanded before.
     double formerCost_ = 0.0;

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <iterator>
 #include <limits>
@@ -45,10 +46,9 @@ std::unique_ptr<SPTEngine> NewEngine(const Network& network) {
 }
 
 bool IsReset(const SPTEngine& engine) {
-    if (!engine.pq->empty()) return false;
-    for (const SPTNode* node : *engine.nodeList)
-        if (node->inTree != 0 || node->inQueue != 0 || node->parent != nullptr) return false;
-    return true;
+    return engine.pq->empty() && std::all_of(engine.nodeList->begin(), engine.nodeList->end(), [](const SPTNode* node) {
+               return node->inTree == 0 && node->inQueue == 0 && node->parent == nullptr;
+           });
 }
 
 std::vector<double> Costs(const SPTEngine& engine) {
@@ -232,7 +232,7 @@ TEST(ShortestPathsMemory, ListsWithoutAnIndex) {
             for (const double x : {0, 1, 2, 3, 4})
                 nodes.emplace_back(DblPt(x, 0)).cost = 2 * x;
             // The third and the fourth are queued twice, and improved together.
-            SPTQueueIndex::Queue queue{&nodes[0], &nodes[1], &nodes[2], &nodes[2], &nodes[3], &nodes[3]};
+            SPTQueueIndex::Queue queue{nodes.data(), &nodes[1], &nodes[2], &nodes[2], &nodes[3], &nodes[3]};
             SPTQueueIndex index;
             {
                 const AllocationGuard guard(forFollowing);
@@ -245,7 +245,7 @@ TEST(ShortestPathsMemory, ListsWithoutAnIndex) {
                 const AllocationGuard guard(forSorting);
                 index.Sort(queue, 2);
             }
-            EXPECT_EQ(queue, (SPTQueueIndex::Queue{&nodes[0], &nodes[2], &nodes[2], &nodes[3], &nodes[3], &nodes[3],
+            EXPECT_EQ(queue, (SPTQueueIndex::Queue{nodes.data(), &nodes[2], &nodes[2], &nodes[3], &nodes[3], &nodes[3],
                                                    &nodes[2], &nodes[1]}));
             index.Follow(queue);
             nodes[4].cost = 1;

@@ -644,6 +644,23 @@ TEST(SPTEngine, NextNodeTakesTheCheapest) {
     EXPECT_EQ(engine.current, engine.At(0, 8));
 }
 
+/// Between two searches a host empties the queue, and fills it again with as many nodes.
+TEST(SPTEngine, StepsAfterTheQueueWasFilledAnew) {
+    Engine engine({{{0, 0}, {2, 0}, {2, 5}, {9, 5}}});
+    ASSERT_TRUE(engine.EnterStartVertex(DblPt(0, 0)));
+    const SPTNode* node = nullptr;
+    ASSERT_TRUE(engine.NextNode(node));
+    ASSERT_EQ(PointsOf(*engine.pq), (Points{{2, 5}}));
+    for (SPTNode* other : *engine.nodeList)
+        other->Reset();
+    engine.pq->clear();
+    engine.current = engine.At(0, 0);
+    engine.current->cost = 0;
+    engine.current->inTree = 1;
+    EXPECT_TRUE(engine.AddVertexNodeToPQ(engine.At(9, 5)));
+    EXPECT_EQ(RemainingSteps(engine), (Points{{9, 5}, {2, 5}, {2, 0}}));
+}
+
 TEST(SPTEngine, NodesAreTakenOffAsOftenAsTheyWereQueued) {
     Engine engine({{{0, 0}, {1, 0}, {1, 10}}, {{0, 0}, {0, 5}, {1, 10}}});
     ASSERT_TRUE(engine.EnterStartVertex(DblPt(0, 0)));

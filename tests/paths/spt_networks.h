@@ -16,9 +16,10 @@ using Network = std::vector<Polyline>;
 inline Vellum::PolylineGeom** NewArray(const Network& network) {
     auto** const lines = new Vellum::PolylineGeom*[network.size()];
     for (size_t i = 0; i < network.size(); ++i) {
-        lines[i] = new Vellum::PolylineGeom;
-        for (const Vellum::DblPt& p : network[i])
-            lines[i]->AddPoint(p);
+        const Polyline& points = network[i];
+        lines[i] = new Vellum::PolylineGeom(static_cast<unsigned>(points.size()), points.data());
+        // The constructor makes a polyline of two points at the least.
+        if (points.size() == 1) lines[i]->AddPoint(points[0]);
     }
     return lines;
 }
