@@ -10,6 +10,8 @@ file(STRINGS ${exported_symbols} exports)
 list(FILTER exports EXCLUDE REGEX "^VellumDebugOutput ")
 # Each line is the mangled name and then the readable one.
 list(TRANSFORM exports REPLACE "^([^ ]+) .*" "    \\1")
+# Vtables and type information. Without the word hosts would be given functions of these names, which jump into them.
+list(TRANSFORM exports APPEND " DATA" REGEX "^ *_ZT")
 list(JOIN exports "\n" exports)
 file(CONFIGURE OUTPUT ${module_definition} CONTENT "EXPORTS\n@exports@\n" @ONLY)
 
