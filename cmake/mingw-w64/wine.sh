@@ -18,7 +18,7 @@ case $2 in
     run) exec wine "${@:3}" ;;
     start)
         wineserver --persistent
-        wine wineboot --init
+        wine wineboot --init 2>/dev/null
         ;;
     stop) wineserver --kill ;;
 esac

@@ -6,8 +6,8 @@
 
 namespace {
 
-// A debug text is raised as an exception for the debugger: the length and the address of the text. Who sees it first and
-// says that all is well ends it there.
+// A debug text is raised as an exception for the debugger: the length and the address of the text. Who sees it first
+// and says that all is well ends it there.
 LONG CALLBACK TakeText(EXCEPTION_POINTERS* raised) {
     const EXCEPTION_RECORD& record = *raised->ExceptionRecord;
     if (record.ExceptionCode != DBG_PRINTEXCEPTION_C) return EXCEPTION_CONTINUE_SEARCH;

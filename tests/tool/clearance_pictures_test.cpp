@@ -22,7 +22,7 @@ constexpr uint32_t kB = 0xa0b9d6;
 constexpr uint32_t kPale = 0xf7f5f0;
 constexpr uint32_t kWitness = 0xb02a2a;
 
-// A square, a far and a near island under one name, a line, and a point.
+// A square, a far and a near island under one name, a line, a point, and a square between the first ones.
 const char* const kMap = R"({"type":"FeatureCollection","features":[
     {"type":"Feature","properties":{"name":"West"},"geometry":{"type":"Polygon","coordinates":[
         [[0,0],[4,0],[4,4],[0,4],[0,0]]]}},
@@ -30,7 +30,9 @@ const char* const kMap = R"({"type":"FeatureCollection","features":[
         [[[40,0],[41,0],[41,1],[40,0]]], [[[10,1],[12,1],[12,3],[10,3],[10,1]]]]}},
     {"type":"Feature","properties":{"Name":"road"},"geometry":{"type":"LineString","coordinates":[
         [0.1,-7],[0.1,-3.5],[9,-3.5]]}},
-    {"type":"Feature","properties":{},"geometry":{"type":"Point","coordinates":[2,5.5]}}]})";
+    {"type":"Feature","properties":{},"geometry":{"type":"Point","coordinates":[2,5.5]}},
+    {"type":"Feature","properties":{},"geometry":{"type":"Polygon","coordinates":[
+        [[5,3],[7,3],[7,3.5],[5,3.5],[5,3]]]}}]})";
 
 class ClearancePictures : public testing::Test {
 protected:
