@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "vellum/geometry.h"
+
 namespace {
 
 struct ProgramRun {
@@ -58,5 +60,7 @@ TEST(DebugOutput, GoesToTheDebugger) {
 }
 
 TEST(DebugOutput, IsHarmlessWithoutADebugger) { EXPECT_EQ(RunProgram(false).exitStatus, 0U); }
+
+TEST(DbgBeep, IsHarmless) { Vellum::DbgBeep(); }
 
 }  // namespace

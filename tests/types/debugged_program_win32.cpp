@@ -4,5 +4,4 @@
 int main() {
     Vellum::DbgPrintf("first %d\n", 1);
     Vellum::DbgPrintf("%s", "second % done\n");
-    Vellum::DbgBeep();
 }
