@@ -37,6 +37,14 @@ private:
     uint64_t state;
 };
 
+nlohmann::json ReadMap(const std::string& name) {
+    const std::string path = VELLUM_SAMPLES_DIR "/" + name + ".geojson";
+    std::ifstream file(path);
+    nlohmann::json map = nlohmann::json::parse(file, nullptr, false);
+    if (map.is_discarded()) Abort("cannot read " + path);
+    return map;
+}
+
 /// A polygon that does not cross itself: its points go round the centre.
 std::vector<real_pt_t> StarShaped(Random& random, double centreX, double centreY) {
     const int count = random.Whole(8, 12);
@@ -85,10 +93,7 @@ void PolySet::AddPolygon(const std::vector<real_pt_t>& polygon) {
 }
 
 PolySet LandMap() {
-    const std::string path = VELLUM_SAMPLES_DIR "/land-50m.geojson";
-    std::ifstream file(path);
-    const nlohmann::json map = nlohmann::json::parse(file, nullptr, false);
-    if (map.is_discarded()) Abort("cannot read " + path);
+    const nlohmann::json map = ReadMap("land-50m");
     PolySet set;
     const auto addRings = [&set](const nlohmann::json& rings) {
         for (const auto& ring : rings) {
@@ -174,6 +179,52 @@ std::vector<DblPt> RiverBank(uint64_t seed, size_t count, int side) {
                     y + side * kHalfWidth * std::cos(direction) + random.Between(-kRoughness, kRoughness));
     }
     return bank;
+}
+
+Lines MapLines(const std::string& map) {
+    Lines lines;
+    const auto addLine = [&lines](const nlohmann::json& points) {
+        std::vector<DblPt>& line = lines.emplace_back();
+        for (const auto& point : points)
+            line.emplace_back(point[0], point[1]);
+    };
+    const nlohmann::json contents = ReadMap(map);
+    for (const auto& feature : contents["features"]) {
+        const auto& geometry = feature["geometry"];
+        if (geometry["type"] == "LineString") addLine(geometry["coordinates"]);
+        if (geometry["type"] == "MultiLineString") {
+            for (const auto& points : geometry["coordinates"])
+                addLine(points);
+        }
+    }
+    return lines;
+}
+
+Lines CrossingSegments(size_t count) {
+    constexpr double kSide = 10000;
+    const double length = 2 * kSide / std::sqrt(static_cast<double>(count));
+    Random random(5);
+    Lines segments(count);
+    for (auto& segment : segments) {
+        const DblPt start(random.Between(0, kSide), random.Between(0, kSide));
+        const double direction = random.Between(0, 2 * std::numbers::pi);
+        segment = {start, {start.x + length * std::cos(direction), start.y + length * std::sin(direction)}};
+    }
+    return segments;
+}
+
+Lines Streets(size_t across, size_t up, double stray) {
+    Random random(6);
+    Lines streets(across + up);
+    for (size_t y = 0; y < up; ++y) {
+        for (size_t x = 0; x < across; ++x) {
+            const DblPt crossing(static_cast<double>(x) + random.Between(-stray, stray),
+                                 static_cast<double>(y) + random.Between(-stray, stray));
+            streets[y].push_back(crossing);
+            streets[up + x].push_back(crossing);
+        }
+    }
+    return streets;
 }
 
 Box BoxOf(const real_pt_t* pts, size_t count) {

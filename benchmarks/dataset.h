@@ -62,6 +62,18 @@ std::vector<Vellum::DblPt> PointsAbout(const std::vector<Vellum::DblPt>& outline
 /// for the left bank and -1 for the right one: they run side by side, nowhere much nearer to each other than elsewhere.
 std::vector<Vellum::DblPt> RiverBank(uint64_t seed, size_t count, int side);
 
+/// Lines by their points.
+using Lines = std::vector<std::vector<Vellum::DblPt>>;
+
+/// The lines of one of the sample maps.
+Lines MapLines(const std::string& map);
+/// Segments of one length all over a square, in all directions. The more there are the shorter they are: each crosses
+/// two or three others, however many there are.
+Lines CrossingSegments(size_t count);
+/// A grid of streets, which share the points where they cross and have no others. A crossing strays from its place by
+/// up to @p stray of the distance between two of them, on each axis.
+Lines Streets(size_t across, size_t up, double stray);
+
 struct Box {
     double left, bottom, right, top;
 };

@@ -27,6 +27,13 @@ public:
     const GEOSGeometry* Line(const std::vector<Vellum::DblPt>& points) {
         return Keep(GEOSGeom_createLineString_r(context, Sequence(points)));
     }
+    const GEOSGeometry* MultiLine(const std::vector<std::vector<Vellum::DblPt>>& lines) {
+        std::vector<GEOSGeometry*> parts;
+        for (const auto& points : lines)
+            parts.push_back(GEOSGeom_createLineString_r(context, Sequence(points)));
+        return Keep(GEOSGeom_createCollection_r(context, GEOS_MULTILINESTRING, parts.data(),
+                                                static_cast<unsigned>(parts.size())));
+    }
     /// Of an outline whose first point may be repeated at its end.
     const GEOSGeometry* Polygon(std::vector<Vellum::DblPt> outline) {
         if (!outline.front().IsExactly(outline.back())) outline.push_back(outline.front());

@@ -63,6 +63,9 @@ int main(int argc, char** argv) {
     RegisterClipping(report);
     RegisterContainment(report);
     RegisterClearance(report);
+    RegisterConnector(report);
+    RegisterShortestPaths(report);
+    RegisterFonts(report);
 
     int count = static_cast<int>(arguments.size());
     arguments.push_back(nullptr);

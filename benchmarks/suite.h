@@ -31,6 +31,9 @@ void RegisterTransforms(TargetReport& report);
 void RegisterClipping(TargetReport& report);
 void RegisterContainment(TargetReport& report);
 void RegisterClearance(TargetReport& report);
+void RegisterConnector(TargetReport& report);
+void RegisterShortestPaths(TargetReport& report);
+void RegisterFonts(TargetReport& report);
 
 }  // namespace VellumBench
 

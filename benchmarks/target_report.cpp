@@ -21,6 +21,10 @@ std::string Duration(double seconds) {
     return Formatted("%.2f ms", seconds * 1e3);
 }
 
+std::string Figure(Bound bound, double value) {
+    return bound == Bound::TimesShare ? Formatted("%.3f", value) : Duration(value);
+}
+
 std::string LastPart(const std::string& benchmarkName) { return benchmarkName.substr(benchmarkName.rfind('/') + 1); }
 
 }  // namespace
@@ -41,13 +45,13 @@ std::vector<TargetReport::Row> TargetReport::Rows() const {
         const bool faster = target.bound == Bound::TimesFaster;
         const double ratio = faster ? fastest->second / subject->second : subject->second / fastest->second;
         Row row = {target.what,
-                   Duration(subject->second),
-                   LastPart(fastest->first) + " " + Duration(fastest->second),
+                   Figure(target.bound, subject->second),
+                   LastPart(fastest->first) + " " + Figure(target.bound, fastest->second),
                    Formatted("%.2f", ratio),
                    "",
                    ""};
         if (target.limit != kForInformation) {
-            row.limit = (faster ? ">= " : "<= ") + Formatted("%.1f", target.limit);
+            row.limit = (faster ? ">= " : "<= ") + Formatted("%.3g", target.limit);
             row.verdict = (faster ? ratio >= target.limit : ratio <= target.limit) ? "OK" : "MISSED";
         }
         rows.push_back(row);

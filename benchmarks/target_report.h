@@ -9,10 +9,11 @@
 
 namespace VellumBench {
 
-/// How a benchmark's time is held against the fastest of others.
+/// How a benchmark's time, or what else it measures, is held against the least of others.
 enum class Bound {
     TimesFaster,  ///< at least so many times as fast as the rivals
-    TimesFloor    ///< at most so many times as long as the floors
+    TimesFloor,   ///< at most so many times as long as the floors
+    TimesShare    ///< at most so many times the share; these figures are no times
 };
 
 /// The limit of a target that asks for nothing.
@@ -31,8 +32,8 @@ struct Target {
 class TargetReport {
 public:
     void Add(Target target) { targets.push_back(std::move(target)); }
-    /// @p seconds is the processor time of one call.
-    void Record(const std::string& benchmarkName, double seconds) { medians[benchmarkName] = seconds; }
+    /// @p figure is the processor time of one call in seconds, or a share.
+    void Record(const std::string& benchmarkName, double figure) { medians[benchmarkName] = figure; }
 
     void PrintText(std::ostream& out) const;
     void PrintMarkdown(std::ostream& out) const;

@@ -8,9 +8,27 @@ install(TARGETS Vellum EXPORT Vellum)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Vellum)
 write_basic_package_version_file(VellumConfigVersion.cmake COMPATIBILITY SameMajorVersion)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/VellumConfigVersion.cmake DESTINATION ${package_dir})
-# The library depends on no other package, so the exported target is all that its package holds.
-install(EXPORT Vellum NAMESPACE Vellum:: FILE VellumConfig.cmake DESTINATION ${package_dir})
+# Hosts of the static library link what it is linked with; the shared one brings that along.
+set(package_dependencies "")
+set(pkgconfig_requires "")
+set(pkgconfig_libraries "")
+if(NOT BUILD_SHARED_LIBS)
+    set(package_dependencies "find_dependency(Freetype)")
+    set(pkgconfig_requires "Requires: freetype2")
+    if(WIN32)
+        set(pkgconfig_libraries " -lgdi32")
+    else()
+        string(APPEND package_dependencies "\nfind_dependency(Fontconfig)")
+        string(APPEND pkgconfig_requires " fontconfig")
+    endif()
+    string(APPEND pkgconfig_requires "\n")
+endif()
+configure_file(cmake/VellumConfig.cmake.in VellumConfig.cmake @ONLY)
+install(FILES
+    ${CMAKE_CURRENT_BINARY_DIR}/VellumConfig.cmake
+    ${CMAKE_CURRENT_BINARY_DIR}/VellumConfigVersion.cmake
+    DESTINATION ${package_dir})
+install(EXPORT Vellum NAMESPACE Vellum:: FILE VellumTargets.cmake DESTINATION ${package_dir})
 
 set(pkgconfig_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 string(REGEX REPLACE "[^/]+" ".." pkgconfig_to_prefix ${pkgconfig_dir})

@@ -4,7 +4,7 @@
 
 /**
  * @file
- * The plain records that carry geometry across the boundary to drawing code. They are C records in the global
+ * The plain records that carry geometry and font names across the boundary to a host. They are C records in the global
  * namespace and this header is C as well as C++; in C++ `namespace Vellum` names the same types.
  */
 
@@ -132,6 +132,16 @@ typedef struct std_ell_typ {
     double b;          /**< the semi-axis along the turned y */
 } std_ell_typ;
 
+/**
+ * An entry of a list of `Vellum::Fonts`. A list is an array of them that ends with an entry whose `face_name` is null;
+ * array and strings belong to the caller, who releases them all by `Vellum::Fonts::DeleteFontFaceList`.
+ */
+typedef struct fnt_lst_t {
+    char* face_name; /**< the name of a face, or in a list of styles of a style */
+    char* uni_name;  /**< the localized name of the face, UTF-16 little-endian and two zero bytes, or null */
+    char* file_name; /**< the full path of the font file, or null */
+} fnt_lst_t;
+
 #ifdef __cplusplus
 namespace Vellum {
 using ::circle_ellipse_s;
@@ -140,6 +150,7 @@ using ::CONIC_ARC;
 using ::drw_con_arc_t;
 using ::DrwDPSetT;
 using ::DrwPSetT;
+using ::fnt_lst_t;
 using ::int_pt_t;
 using ::int_rect_t;
 using ::real_pt_t;

@@ -6,6 +6,8 @@
 #include <cstring>
 #include <new>
 
+#include "fonts/owned_text.h"
+
 namespace Vellum {
 
 namespace {
@@ -14,13 +16,6 @@ constexpr int32_t kDefaultCapacity = 100;
 
 char** NewArray(int32_t capacity) {
     return capacity < 0 ? nullptr : new (std::nothrow) char*[static_cast<size_t>(capacity)]();
-}
-
-char* CopyOf(const char* name) {
-    const size_t size = std::strlen(name) + 1;
-    char* copy = new (std::nothrow) char[size];
-    if (copy != nullptr) std::memcpy(copy, name, size);
-    return copy;
 }
 
 }  // namespace
@@ -49,7 +44,7 @@ void FontList::AddFont(char* name) {
     if (names == nullptr || count >= capacity || name == nullptr) return;
     const auto isName = [name](const char* held) { return std::strcmp(held, name) == 0; };
     if (std::any_of(names, names + count, isName)) return;
-    char* copy = CopyOf(name);
+    char* copy = internal::CopyOfText(name).release();
     if (copy == nullptr) return;
     names[count] = copy;
     ++count;

@@ -17,27 +17,34 @@ public:
     size_t Size() const { return size_; }
     bool IsEmpty() const { return size_ == 0; }
     void Clear() { size_ = 0; }
+    /// Gives the memory back.
+    void Release() { *this = {}; }
 
     T& operator[](size_t i) { return items_[i]; }
     const T& operator[](size_t i) const { return items_[i]; }
     T* begin() { return items_.get(); }
     T* end() { return items_.get() + size_; }
+    const T* begin() const { return items_.get(); }
+    const T* end() const { return items_.get() + size_; }
 
     bool Append(const T& item) {
-        if (size_ == capacity_ && !Reserve(size_ + 1)) return false;
+        if (size_ == capacity_ && !Grow(size_ + 1)) return false;
         items_[size_++] = item;
         return true;
     }
 
     /// Makes it @p size items long; the ones added are of no particular value.
     bool Resize(size_t size) {
-        if (size > capacity_ && !Reserve(size)) return false;
+        if (!Reserve(size)) return false;
         size_ = size;
         return true;
     }
 
+    /// Lets so many items in all be appended without fail.
+    bool Reserve(size_t size) { return size <= capacity_ || Grow(size); }
+
 private:
-    bool Reserve(size_t least) {
+    bool Grow(size_t least) {
         if (least > std::numeric_limits<size_t>::max() / (2 * sizeof(T))) return false;
         const size_t capacity = std::max(least, std::max<size_t>(2 * capacity_, 256));
         std::unique_ptr<T[]> grown(new (std::nothrow) T[capacity]);

@@ -6,7 +6,7 @@
 set -euo pipefail
 
 program=$1
-allowed=(kernel32.dll msvcrt.dll user32.dll "${@:2}")
+allowed=(advapi32.dll gdi32.dll kernel32.dll msvcrt.dll user32.dll "${@:2}")
 
 imported=$("$OBJDUMP" --private-headers "$program" | sed -nE 's/^[[:space:]]*DLL Name: //p')
 [ -n "$imported" ] || { echo "$program imports nothing at all." >&2; exit 1; }

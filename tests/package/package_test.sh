@@ -75,7 +75,7 @@ find_package() {
     readme_block cmake >"$work/CMakeLists.txt"
     readme_block text >"$work/expected"
     printf 'add_compile_options(%s)\nadd_link_options(%s)\n' "$CXXFLAGS" "$CXXFLAGS" >"$work/options.cmake"
-    cmake -S "$work" -B "$work/build" "$@" -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_FIND_ROOT_PATH="$prefix" \
+    cmake -S "$work" -B "$work/build" "$@" -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_FIND_ROOT_PATH="$prefix;${DEPENDENCIES:-}" \
         -DCMAKE_PROJECT_INCLUDE="$work/options.cmake"
     cmake --build "$work/build"
     expect_output "$prefix" "$work/build/host" "$work/expected"
@@ -100,8 +100,23 @@ debug_output() {
     expect_output "$prefix" "$work/host" "$work/expected"
 }
 
+# A host that needs what the library is linked with. Windows has one folder of fonts, elsewhere the environment names it.
+fonts() {
+    local prefix=$1 work=$2 folder=${3:-$2/fonts}
+    fresh_directory "$work"
+    mkdir -p "$folder"
+    rm -f "$folder"/*.tt?
+    cp "$here/../fonts/data/plain.ttf" "$folder"
+    printf '%s\n' Hershey HersheyBold HersheyItalic HersheyMonospace Iges1001 Iges1002 Iges1003 "Vellum Plain" \
+        >"$work/expected"
+    compile_with_pkg_config "$prefix" "$here/fonts_host.cpp" "$work/host"
+    export XDG_DATA_DIRS=$work FONTCONFIG_FILE=$work/none.conf
+    expect_output "$prefix" "$work/host" "$work/expected"
+    rm "$folder/plain.ttf"
+}
+
 case $1 in
     install) install_and_move "${@:2}" ;;
-    build_and_install | find_package | pkg_config | debug_output) "$@" ;;
+    build_and_install | find_package | pkg_config | debug_output | fonts) "$@" ;;
     *) fail "unknown step $1" ;;
 esac

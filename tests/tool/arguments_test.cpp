@@ -37,6 +37,16 @@ TEST(Arguments, Length) {
     }
 }
 
+TEST(Arguments, Tolerance) {
+    EXPECT_EQ(tool::ParseTolerance("--tol", "0.25"), 0.25);
+    EXPECT_EQ(tool::ParseTolerance("--tol", "0"), 0.0);
+    EXPECT_EQ(tool::ParseTolerance("--tol", "1e30"), 1e30);
+    for (const std::string text : {"", "-0.1", "near", "nan", "inf", "2e30", "1 "}) {
+        EXPECT_EQ(MessageOf([&] { tool::ParseTolerance("--tol", text); }),
+                  "--tol: \"" + text + "\" is not a number from 0 to 1e30");
+    }
+}
+
 TEST(Arguments, Point) {
     const Vellum::DblPt point = tool::ParsePoint("--center", "-12.5,50");
     EXPECT_EQ(point.x, -12.5);

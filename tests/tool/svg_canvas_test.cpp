@@ -76,6 +76,35 @@ TEST_F(SvgCanvasTest, WritesText) {
         "stroke-width=\"3.6\" paint-order=\"stroke\">C\u00f4te</text>\n");
 }
 
+class SvgLabel : public testing::Test {
+protected:
+    /// Where a label of six letters of 10 pixels goes, in a picture 100 wide.
+    std::string PlaceOf(int x, int y) {
+        canvas.Label({x * kPixel, y * kPixel}, "Le Pi\u00f9", {Rgb(0x123456), 10.0});
+        const std::string document = canvas.Document();
+        const std::size_t start = document.rfind("<text ") + 6;
+        return document.substr(start, document.find(" font-size", start) - start);
+    }
+
+    SvgCanvas canvas{{100, 50}};
+};
+
+TEST_F(SvgLabel, HasItsMiddleAboveThePoint) {
+    EXPECT_EQ(PlaceOf(50, 40), "x=\"50\" y=\"40\" text-anchor=\"middle\"");
+    EXPECT_NE(canvas.Document().find(">Le Pi\u00f9</text>"), std::string::npos);
+    EXPECT_NE(canvas.Document().find(" stroke-width=\"3.6\" paint-order=\"stroke\""), std::string::npos);
+}
+
+TEST_F(SvgLabel, StaysInside) {
+    // A letter counts for 7 pixels, and the margin is 6 wide.
+    EXPECT_EQ(PlaceOf(27, 40), "x=\"27\" y=\"40\" text-anchor=\"middle\"");
+    EXPECT_EQ(PlaceOf(26, 40), "x=\"6\" y=\"40\"");
+    EXPECT_EQ(PlaceOf(-9, 40), "x=\"6\" y=\"40\"");
+    EXPECT_EQ(PlaceOf(73, 40), "x=\"73\" y=\"40\" text-anchor=\"middle\"");
+    EXPECT_EQ(PlaceOf(74, 40), "x=\"94\" y=\"40\" text-anchor=\"end\"");
+    EXPECT_EQ(PlaceOf(50, 15), "x=\"50\" y=\"16\" text-anchor=\"middle\"");
+}
+
 TEST_F(SvgCanvasTest, DrawsWithinAPartAndThenInTheWholeAgain) {
     canvas.Within({5, 6, 7, 8}, [this] {
         canvas.Within({1, 2, 3, 4}, [this] { canvas.Paper(); });

@@ -69,6 +69,24 @@ TEST_F(SvgPictures, ASheet) {
     }
 }
 
+TEST_F(SvgPictures, AJoinedNetwork) {
+    const std::string lines = scratch.Write(
+        "lines", R"({"type":"MultiLineString","coordinates":[[[0,0],[10,0]],[[2,-2],[2,2]],[[6,1],[7,5]]]})");
+    const std::string svg = Draw({"join", lines, "--tol", "2"});
+    // The split points, and the joining line in red.
+    EXPECT_EQ(Count(svg, "<circle "), 3U);
+    EXPECT_EQ(Count(svg, "#d0202e"), 1U);
+}
+
+TEST_F(SvgPictures, AWay) {
+    const std::string line = scratch.Write("line", R"({"type":"LineString","coordinates":[[0,0],[10,0],[10,9]]})");
+    const std::string svg =
+        Draw({"route", line, "--from", "0,0", "--to", "10,9", "--from-name", "A", "--to-name", "B & C"});
+    EXPECT_EQ(Count(svg, "<circle "), 4U);
+    EXPECT_EQ(Count(svg, ">A</text>"), 1U);
+    EXPECT_EQ(Count(svg, ">B &amp; C</text>"), 1U);
+}
+
 TEST_F(SvgPictures, NamesWithOtherLetters) {
     const std::string map = scratch.Write("map.geojson", R"({"type":"Point","coordinates":[1,2]})");
     const std::string picture = scratch.Path("Gr\u00f6\u00dfe \u2192.svg");
@@ -84,6 +102,8 @@ TEST_F(SvgPictures, OtherFormatsAreRefused) {
         ExpectFailure({"draw", Sample("countries-110m.geojson"), "-o", scratch.Path(name)}, message);
         ExpectFailure({"sheet", "-o", scratch.Path(name)}, message);
         ExpectFailure({"clearance", "none", "--a", "0", "--b", "1", "-o", scratch.Path(name)}, message);
+        ExpectFailure({"join", "none", "--tol", "1", "-o", scratch.Path(name)}, message);
+        ExpectFailure({"route", "none", "--from", "0,0", "--to", "1,1", "-o", scratch.Path(name)}, message);
     }
 }
 

@@ -33,6 +33,8 @@ TEST(Text, ExactTextIsShortAndLosesNothing) {
     EXPECT_EQ(tool::ExactText(-std::numeric_limits<double>::denorm_min()), "-5e-324");
 }
 
+TEST(Text, ExactTextOfAPoint) { EXPECT_EQ(tool::ExactText(Vellum::DblPt(-0.1, 12.0)), "(-0.1, 12)"); }
+
 TEST(Text, RoundedTextHasThatManyDigits) {
     EXPECT_EQ(tool::RoundedText(3.97512, 4), "3.975");
     EXPECT_EQ(tool::RoundedText(45676.02, 6), "45676");

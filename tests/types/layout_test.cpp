@@ -152,6 +152,8 @@ TEST(Layout, ACCompilerSeesTheSameRecords) {
     EXPECT_EQ(sizes.polySetCodes, offsetof(DrwPSetT, codes));
     EXPECT_EQ(sizes.devicePolySet, sizeof(DrwDPSetT));
     EXPECT_EQ(sizes.devicePolySetCodes, offsetof(DrwDPSetT, codes));
+    EXPECT_EQ(sizes.fontList, sizeof(fnt_lst_t));
+    EXPECT_EQ(sizes.fontListFile, offsetof(fnt_lst_t, file_name));
 }
 
 }  // namespace

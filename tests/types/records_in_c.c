@@ -15,4 +15,6 @@ void ReadRecordSizesInC(RecordSizes* out) {
     out->polySetCodes = offsetof(DrwPSetT, codes);
     out->devicePolySet = sizeof(DrwDPSetT);
     out->devicePolySetCodes = offsetof(DrwDPSetT, codes);
+    out->fontList = sizeof(fnt_lst_t);
+    out->fontListFile = offsetof(fnt_lst_t, file_name);
 }

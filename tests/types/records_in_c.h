@@ -17,6 +17,8 @@ typedef struct RecordSizes {
     size_t polySetCodes;
     size_t devicePolySet;
     size_t devicePolySetCodes;
+    size_t fontList;
+    size_t fontListFile;
 } RecordSizes;
 
 #ifdef __cplusplus

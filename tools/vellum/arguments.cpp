@@ -55,6 +55,12 @@ double ParseLength(const std::string& option, const std::string& text) {
     return *number;
 }
 
+double ParseTolerance(const std::string& option, const std::string& text) {
+    const std::optional<double> number = Coordinate(text);
+    if (!number || *number < 0.0) Refuse(option, text, "a number from 0 to 1e30");
+    return *number;
+}
+
 Vellum::DblPt ParsePoint(const std::string& option, const std::string& text) {
     const std::string_view view = text;
     const std::size_t comma = view.find(',');

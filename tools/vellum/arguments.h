@@ -16,6 +16,9 @@ double ParseNumber(const std::string& option, const std::string& text);
 /// A number above 0.
 double ParseLength(const std::string& option, const std::string& text);
 
+/// A number from 0.
+double ParseTolerance(const std::string& option, const std::string& text);
+
 /// "X,Y".
 Vellum::DblPt ParsePoint(const std::string& option, const std::string& text);
 

@@ -125,13 +125,27 @@ void CairoCanvas::Text(const Vellum::int_pt_t& point, const std::string& text, c
     const auto size = static_cast<int32_t>(style.size * kUnitsPerPixel);
     const int32_t width = size * static_cast<int32_t>(text.size());
     if (!Touches(place_.part, {point.x, point.y - size, point.x + width, point.y + size})) return;
-    cairo_select_font_face(context_.get(), kFont, CAIRO_FONT_SLANT_NORMAL,
-                           style.bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
-    cairo_set_font_size(context_.get(), style.size);
+    SelectFont(style);
     for (const auto& [right, down] : kAround) {
         Letters(Pixels(point.x) + right * kHaloWidth, Pixels(point.y) + down * kHaloWidth, text, kPaper);
     }
     Letters(Pixels(point.x), Pixels(point.y), text, style.colour);
+}
+
+void CairoCanvas::Label(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style) {
+    SelectFont(style);
+    cairo_text_extents_t extents;
+    cairo_text_extents(context_.get(), text.c_str(), &extents);
+    const double room = place_.size.width - kLabelMargin - extents.x_advance;
+    const double left = std::max(kLabelMargin, std::min(Pixels(point.x) - extents.x_advance * 0.5, room));
+    const double base = std::max(kLabelMargin + style.size, Pixels(point.y));
+    Text({static_cast<int32_t>(left * kUnitsPerPixel), static_cast<int32_t>(base * kUnitsPerPixel)}, text, style);
+}
+
+void CairoCanvas::SelectFont(const TextStyle& style) {
+    cairo_select_font_face(context_.get(), kFont, CAIRO_FONT_SLANT_NORMAL,
+                           style.bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
+    cairo_set_font_size(context_.get(), style.size);
 }
 
 /// As glyphs, not as a path: the renderer's paths of letters differ from run to run.

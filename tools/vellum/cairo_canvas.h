@@ -53,6 +53,7 @@ public:
     void Line(const DeviceGeometry::Points& line, const Pen& pen) override;
     void Dot(const Vellum::int_pt_t& point, double radius, const Colour& colour) override;
     void Text(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style) override;
+    void Label(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style) override;
 
     /// Throws `Error` where anything could not be drawn.
     void Check() const { CheckCairo(cairo_status(context_.get())); }
@@ -66,6 +67,7 @@ private:
 
     void Enter(const PixelBox& box) override;
     void Leave() override;
+    void SelectFont(const TextStyle& style);
     void Letters(double x, double y, const std::string& text, const Colour& colour);
     bool Shows(const DeviceGeometry::Points& ring) const;
     void Path(const DeviceGeometry::Points& points);

@@ -6,9 +6,10 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
+#include <optional>
 
 #include "cairo_canvas.h"
-#include "error.h"
 #include "output_file.h"
 #include "picture.h"
 #include "platform.h"
@@ -83,13 +84,12 @@ uint32_t Mean(const Pixels& samples, int left, int top) {
     return ((redBlue / kCount) & kPair) | (((green / kCount) & kPair) << 8);
 }
 
-/// Throws `Error` for the extension of no format.
-PictureFormat FormatOf(const std::string& path) {
-    const std::string extension = PathOf(path).extension().string();
+std::optional<PictureFormat> FormatNamedBy(const std::string& path) {
+    const std::filesystem::path extension = PathOf(path).extension();
     if (extension == ".png") return PictureFormat::Png;
     if (extension == ".svg") return PictureFormat::Svg;
     if (extension == ".pdf") return PictureFormat::Pdf;
-    throw Error(path + ": the name of a picture must end in " + PictureExtensions());
+    return std::nullopt;
 }
 
 /// A PNG is smoothed by drawing it eight times as wide and high, tile by tile, and averaging. The renderer's own
@@ -97,7 +97,7 @@ PictureFormat FormatOf(const std::string& path) {
 /// would show where a drawing was clipped.
 class CairoPicture : public Picture {
 public:
-    CairoPicture(const std::string& path, const PictureSize& size);
+    CairoPicture(const std::string& path, PictureFormat format, const PictureSize& size);
 
     void Paint(const std::function<void(Canvas&)>& paint, Progress& progress) override;
     void Finish() override;
@@ -112,8 +112,8 @@ private:
     CairoSurface surface_;
 };
 
-CairoPicture::CairoPicture(const std::string& path, const PictureSize& size)
-    : format_(FormatOf(path)), size_(size), file_(path), surface_(NewSurface(format_, size, file_)) {
+CairoPicture::CairoPicture(const std::string& path, PictureFormat format, const PictureSize& size)
+    : format_(format), size_(size), file_(path), surface_(NewSurface(format_, size, file_)) {
     CheckCairo(cairo_surface_status(surface_.get()));
 }
 
@@ -171,10 +171,11 @@ void CairoPicture::Finish() {
 
 std::string PictureExtensions() { return ".png, .svg or .pdf"; }
 
-void CheckPictureName(const std::string& path) { FormatOf(path); }
+bool NamesPicture(const std::string& path) { return FormatNamedBy(path).has_value(); }
 
 std::unique_ptr<Picture> NewPicture(const std::string& path, const PictureSize& size) {
-    return std::make_unique<CairoPicture>(path, size);
+    CheckPictureName(path);
+    return std::make_unique<CairoPicture>(path, FormatNamedBy(path).value(), size);
 }
 
 }  // namespace tool

@@ -52,9 +52,12 @@ public:
     virtual void Line(const DeviceGeometry::Points& line, const Pen& pen) = 0;
     /// A disc without an outline, @p radius in pixels.
     virtual void Dot(const Vellum::int_pt_t& point, double radius, const Colour& colour) = 0;
-    /// A line of text on a thin halo of paper, so that it can be read on anything. It starts at @p point, on its
-    /// base line.
+    /// A line of text on a thin halo of paper, so that it can be read on anything. It starts at @p point, on its base
+    /// line.
     virtual void Text(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style) = 0;
+
+    /// The same with its middle above @p point, moved as far as the picture's sides ask for.
+    virtual void Label(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style) = 0;
 
     /// Runs @p paint on a part of the picture as if it were the whole: nothing is drawn outside it, and its upper left
     /// corner is the origin.

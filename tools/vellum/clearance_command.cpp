@@ -45,8 +45,7 @@ const char* const kFormat =
     "two parts that come closest count.";
 
 std::string Line(const char* role, const Vellum::DblPt& point, std::size_t index, const Feature& feature) {
-    std::string line = std::string(role) + ": (" + ExactText(point.x) + ", " + ExactText(point.y) + ") on feature " +
-                       std::to_string(index);
+    std::string line = std::string(role) + ": " + ExactText(point) + " on feature " + std::to_string(index);
     if (!feature.name.empty()) line += ", " + OneLine(feature.name);
     return line + '\n';
 }

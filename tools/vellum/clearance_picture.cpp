@@ -14,7 +14,6 @@ namespace tool {
 
 namespace {
 
-constexpr Style kPale = {Rgb(0xf7f5f0), Rgb(0xc9c4ba)};
 constexpr Style kWitness = {Rgb(0xb02a2a), Rgb(0xb02a2a)};
 
 // Places of the palette that neither look like the pale ones nor like one another.
@@ -76,7 +75,7 @@ bool Descends(const Clearance& clearance, const View& view) {
 
 ClearancePicture::ClearancePicture(Drawing drawing, std::size_t a, std::size_t b, const Clearance& clearance,
                                    const ViewRequest& request, const PictureSize& size, Progress& progress)
-    : styles_(drawing.features.size(), kPale), label_(RoundedText(clearance.distance, kLabelDigits)) {
+    : styles_(drawing.features.size(), kPaleStyle), label_(RoundedText(clearance.distance, kLabelDigits)) {
     const View view(Surroundings(clearance), request, size);
     const Drawing scene = Scene(std::move(drawing), a, b, clearance);
     styles_.insert(styles_.end(), {PaletteStyle(kStyleOfA), PaletteStyle(kStyleOfB), kWitness});

@@ -12,6 +12,12 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// What was asked for is not there, though nothing is wrong with the question.
+class NotThere : public Error {
+public:
+    using Error::Error;
+};
+
 }  // namespace tool
 
 #endif

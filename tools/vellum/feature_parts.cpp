@@ -40,6 +40,12 @@ Vellum::PolylineGeom PolylineOf(const Points& points) {
     return polyline;
 }
 
+std::unique_ptr<Vellum::PolylineGeom> NewPolyline(const Points& points) {
+    auto polyline = std::make_unique<Vellum::PolylineGeom>(static_cast<unsigned>(points.size()), points.data());
+    if (polyline->NPts() != points.size()) throw std::bad_alloc();
+    return polyline;
+}
+
 const Vellum::AlignedDblRect& ExtentsOf(const Part& part) {
     return std::visit([](const auto& shape) -> const Vellum::AlignedDblRect& { return shape.Extents(); }, part);
 }

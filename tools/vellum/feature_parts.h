@@ -2,6 +2,7 @@
 #ifndef VELLUM_TOOL_FEATURE_PARTS_H
 #define VELLUM_TOOL_FEATURE_PARTS_H
 
+#include <memory>
 #include <variant>
 #include <vector>
 
@@ -19,6 +20,9 @@ std::vector<Part> PartsOf(const Geometry& geometry);
 
 /// A polyline with its extents, also of a single point. Throws `std::bad_alloc` where there is no memory for it.
 Vellum::PolylineGeom PolylineOf(const Points& points);
+
+/// The same as an object that the library can take over; of two points or more.
+std::unique_ptr<Vellum::PolylineGeom> NewPolyline(const Points& points);
 
 const Vellum::AlignedDblRect& ExtentsOf(const Part& part);
 

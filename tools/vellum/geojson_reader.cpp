@@ -257,8 +257,16 @@ Drawing ReadGeoJson(const std::string& path, Progress& progress) {
 }
 
 Drawing ParseGeoJson(const std::string& text, const std::string& name, Progress& progress) {
+    return DrawingOf(ParseGeoJsonDocument(text, name), name, progress);
+}
+
+Json ParseGeoJsonDocument(const std::string& text, const std::string& name) {
     if (text.empty()) throw Error(name + ": the file is empty");
-    return Reader(name, progress).Read(ParseJson(text, name));
+    return ParseJson(text, name);
+}
+
+Drawing DrawingOf(const Json& document, const std::string& name, Progress& progress) {
+    return Reader(name, progress).Read(document);
 }
 
 }  // namespace tool

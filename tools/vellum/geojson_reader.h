@@ -2,6 +2,7 @@
 #ifndef VELLUM_TOOL_GEOJSON_READER_H
 #define VELLUM_TOOL_GEOJSON_READER_H
 
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 
 #include "drawing.h"
@@ -20,6 +21,10 @@ Drawing ReadGeoJson(const std::string& path, Progress& progress);
 
 /// The same for a text at hand; @p name stands for the file in messages.
 Drawing ParseGeoJson(const std::string& text, const std::string& name, Progress& progress);
+
+/// The two steps of it: the text becomes a JSON document, and that a drawing.
+nlohmann::json ParseGeoJsonDocument(const std::string& text, const std::string& name);
+Drawing DrawingOf(const nlohmann::json& document, const std::string& name, Progress& progress);
 
 }  // namespace tool
 

@@ -2,15 +2,12 @@
 #include "info_command.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <array>
-#include <iomanip>
 #include <iostream>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -18,6 +15,7 @@
 #include "measures.h"
 #include "progress.h"
 #include "standard_output.h"
+#include "table.h"
 #include "text.h"
 
 namespace tool {
@@ -70,32 +68,7 @@ Info ReadInfo(const std::string& path) {
     return InfoOf(ReadGeoJson(path, progress), progress);
 }
 
-/// Rows of texts, in columns that are as wide as their widest text.
-class Table {
-public:
-    using Row = std::array<std::string, 12>;
-
-    void Add(const Row& row) {
-        for (std::size_t i = 0; i < row.size(); ++i) {
-            widths_[i] = std::max(widths_[i], row[i].size());
-        }
-        rows_.push_back(row);
-    }
-
-    /// The second column holds words and starts on its left; the last one may hold anything and is not filled up.
-    void Print(std::ostream& out) const {
-        for (const Row& row : rows_) {
-            for (std::size_t i = 0; i + 1 < row.size(); ++i) {
-                out << (i == 1 ? std::left : std::right) << std::setw(static_cast<int>(widths_[i])) << row[i] << "  ";
-            }
-            out << row.back() << '\n';
-        }
-    }
-
-private:
-    std::array<std::size_t, std::tuple_size_v<Row>> widths_{};
-    std::vector<Row> rows_;
-};
+using InfoTable = Table<12>;
 
 std::string OrHyphen(const std::string& text) { return text.empty() ? "-" : text; }
 
@@ -105,7 +78,7 @@ std::array<std::string, 4> SidesOf(const std::optional<Vellum::AlignedDblRect>& 
             RoundedText(box->Top(), kDigits)};
 }
 
-Table::Row RowOf(std::size_t index, const FeatureInfo& feature) {
+InfoTable::Row RowOf(std::size_t index, const FeatureInfo& feature) {
     const Measures& measures = feature.measures;
     const auto [left, bottom, right, top] = SidesOf(measures.extents);
     return {std::to_string(index),
@@ -123,7 +96,8 @@ Table::Row RowOf(std::size_t index, const FeatureInfo& feature) {
 }
 
 void PrintTable(const Info& info, std::ostream& out) {
-    Table table;
+    // The type.
+    InfoTable table(0b10);
     table.Add({"index", "type", "parts", "points", "left", "bottom", "right", "top", "length", "centroid x",
                "centroid y", "name"});
     for (std::size_t i = 0; i < info.features.size(); ++i) {

@@ -21,6 +21,7 @@ inline constexpr double kLineWidth = 1.3;
 inline constexpr double kPointRadius = 3.5;
 inline constexpr double kFrameWidth = 2.0;
 inline constexpr double kHaloWidth = 1.8;
+inline constexpr double kLabelMargin = 6.0;
 
 // How far an outline goes from the area's colour towards ink.
 inline constexpr double kOutlineInk = 0.55;

@@ -8,13 +8,17 @@
 #include "clearance_command.h"
 #include "draw_command.h"
 #include "error.h"
+#include "fonts_command.h"
 #include "info_command.h"
+#include "join_command.h"
 #include "platform.h"
+#include "route_command.h"
 #include "sheet_command.h"
 #include "text.h"
 
 namespace {
 
+constexpr int kNotThere = 1;
 constexpr int kFailure = 2;
 
 int Run(int argc, char** argv) {
@@ -26,6 +30,9 @@ int Run(int argc, char** argv) {
     tool::AddDrawCommand(app);
     tool::AddClearanceCommand(app);
     tool::AddInfoCommand(app);
+    tool::AddJoinCommand(app);
+    tool::AddRouteCommand(app);
+    tool::AddFontsCommand(app);
     tool::AddSheetCommand(app);
     try {
         app.parse(argc, argv);
@@ -39,9 +46,9 @@ int Run(int argc, char** argv) {
 }
 
 /// One line, whatever stands in file names and in quoted text.
-int Fail(const std::string& message) {
+int Fail(const std::string& message, int status) {
     std::fprintf(stderr, "vellum: %s\n", tool::OneLine(message).c_str());
-    return kFailure;
+    return status;
 }
 
 }  // namespace
@@ -51,8 +58,10 @@ int main(int argc, char** argv) {
     try {
         return Run(argc, argv);
     } catch (const std::bad_alloc&) {
-        return Fail("out of memory");
+        return Fail("out of memory", kFailure);
+    } catch (const tool::NotThere& answer) {
+        return Fail(answer.what(), kNotThere);
     } catch (const std::exception& failure) {
-        return Fail(failure.what());
+        return Fail(failure.what(), kFailure);
     }
 }

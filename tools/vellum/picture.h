@@ -15,6 +15,9 @@ namespace tool {
 /// The extensions of the formats that this build draws, for a text: ".png, .svg or .pdf".
 std::string PictureExtensions();
 
+/// Whether a file's extension names such a format. Throws `Error` where it names one that other builds draw.
+bool NamesPicture(const std::string& path);
+
 /// Throws `Error` for a file whose extension names no such format.
 void CheckPictureName(const std::string& path);
 

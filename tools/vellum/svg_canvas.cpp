@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "svg_canvas.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
@@ -12,12 +13,25 @@ namespace tool {
 
 namespace {
 
+// How wide a letter is at most on average, of the font's size.
+constexpr double kLetterWidth = 0.7;
+
+// How a line of text stands to its place.
+constexpr std::string_view kStart = "start";
+constexpr std::string_view kMiddle = "middle";
+constexpr std::string_view kEnd = "end";
+
 std::string Hex(const Colour& colour) {
     const auto channel = [](double share) { return static_cast<unsigned>(std::lround(share * 255.0)); };
     std::array<char, 8> text;
     std::snprintf(text.data(), text.size(), "#%02x%02x%02x", channel(colour.red), channel(colour.green),
                   channel(colour.blue));
     return text.data();
+}
+
+/// Of UTF-8: all bytes but those that continue a letter.
+std::ptrdiff_t LetterCount(const std::string& text) {
+    return std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; });
 }
 
 /// As XML has it between two tags.
@@ -132,9 +146,30 @@ void SvgCanvas::Dot(const Vellum::int_pt_t& point, double radius, const Colour& 
 }
 
 void SvgCanvas::Text(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style) {
+    Letters(Pixels(point.x), Pixels(point.y), kStart, text, style);
+}
+
+/// How wide the text is, is up to the font in which it will be shown. Beside a side of the picture the text starts or
+/// ends at the margin, which is inside for every font.
+void SvgCanvas::Label(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style) {
+    const double half = kLetterWidth * style.size * static_cast<double>(LetterCount(text)) * 0.5;
+    const double middle = Pixels(point.x);
+    const double right = size_.width - kLabelMargin;
+    const double base = std::max(kLabelMargin + style.size, Pixels(point.y));
+    if (middle - half < kLabelMargin) {
+        Letters(kLabelMargin, base, kStart, text, style);
+    } else if (middle + half > right) {
+        Letters(right, base, kEnd, text, style);
+    } else {
+        Letters(middle, base, kMiddle, text, style);
+    }
+}
+
+void SvgCanvas::Letters(double x, double y, std::string_view anchor, const std::string& text, const TextStyle& style) {
     Begin("text");
-    Attribute("x", Pixels(point.x));
-    Attribute("y", Pixels(point.y));
+    Attribute("x", x);
+    Attribute("y", y);
+    if (anchor != kStart) Attribute("text-anchor", anchor);
     Attribute("font-size", style.size);
     if (style.bold) Attribute("font-weight", "bold");
     Attribute("fill", style.colour);

@@ -24,6 +24,7 @@ public:
     void Line(const DeviceGeometry::Points& line, const Pen& pen) override;
     void Dot(const Vellum::int_pt_t& point, double radius, const Colour& colour) override;
     void Text(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style) override;
+    void Label(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style) override;
 
     /// The document of what was drawn so far.
     std::string Document() const;
@@ -40,6 +41,8 @@ private:
     void Attribute(std::string_view name, const Colour& value);
     void Size(const PictureSize& size);
     void Centre(const Vellum::int_pt_t& point, double radius);
+    /// Writes a line of text of which @p anchor, as SVG calls it, is at that place.
+    void Letters(double x, double y, std::string_view anchor, const std::string& text, const TextStyle& style);
     void Stroke(const Colour& colour, double width);
     /// Fills all of the place that is drawn on.
     void Fill(const Colour& colour);

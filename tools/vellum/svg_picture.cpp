@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 
+#include <filesystem>
+
 #include "error.h"
 #include "output_file.h"
 #include "picture.h"
@@ -31,11 +33,11 @@ private:
 
 std::string PictureExtensions() { return ".svg"; }
 
-void CheckPictureName(const std::string& path) {
-    const std::string extension = PathOf(path).extension().string();
+bool NamesPicture(const std::string& path) {
+    const std::filesystem::path extension = PathOf(path).extension();
     if (extension == ".png" || extension == ".pdf")
         throw Error(path + ": this build of vellum draws SVG pictures only, not PNG or PDF");
-    if (extension != ".svg") throw Error(path + ": the name of a picture must end in " + PictureExtensions());
+    return extension == ".svg";
 }
 
 std::unique_ptr<Picture> NewPicture(const std::string& path, const PictureSize& size) {

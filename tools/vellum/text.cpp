@@ -32,6 +32,8 @@ std::string ExactText(double number) {
     return {buffer.data(), end};
 }
 
+std::string ExactText(const Vellum::DblPt& point) { return '(' + ExactText(point.x) + ", " + ExactText(point.y) + ')'; }
+
 std::string RoundedText(double number, int digits) {
     NumberBuffer buffer;
     const auto [end, error] =

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "vellum/points.h"
+
 namespace tool {
 
 /// The text with a question mark for every control character, so that it stays on its line.
@@ -15,6 +17,9 @@ bool EqualsInAnyCase(std::string_view a, std::string_view b);
 
 /// The shortest text that reads back as the same number.
 std::string ExactText(double number);
+
+/// The point as "(X, Y)", in exact texts.
+std::string ExactText(const Vellum::DblPt& point);
 
 /// The number to @p digits significant digits.
 std::string RoundedText(double number, int digits);
