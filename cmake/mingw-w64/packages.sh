@@ -76,11 +76,16 @@ copy_headers() {
     for name in CLI11 nlohmann_json; do cp -r "/usr/share/cmake/$name" "$prefix/share/cmake"; done
 }
 
+# The pkg-config modules name the prefix that they were installed to, and it is moved afterwards.
+# shellcheck disable=SC2016
+make_relocatable() { sed -i 's#^prefix=.*#prefix=${pcfiledir}/../..#' "$1"/lib/pkgconfig/*.pc; }
+
 make_packages() {
     local work=$1
     build_freetype "$work/freetype" "$work/prefix"
     build /usr/src/googletest "$work/googletest" "$work/prefix"
     copy_headers "$work/prefix"
+    make_relocatable "$work/prefix"
 }
 
 cache=${XDG_CACHE_HOME:-$HOME/.cache}/vellum/mingw-w64
