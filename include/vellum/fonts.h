@@ -19,10 +19,15 @@
 ///   them. Elsewhere the directory `fonts` below each entry of `XDG_DATA_DIRS` (/usr/local/share:/usr/share where that
 ///   is empty or not set; entries that are not absolute are ignored), in that order, with all subdirectories; the
 ///   regular files that match `*.tt?` in any letter case, in ascending byte-wise order of their paths within an entry.
-///   Symbolic links are followed; a directory that several paths lead to is searched once. At most 1,200 files.
+///   Symbolic links are followed; a directory that several paths lead to is searched once, under the one that comes
+///   first when each directory is searched to its depths before the next, in the order of their names. At most 1,200
+///   files.
 /// - The registered fonts. On Windows those that the registry lists with a full path, once for every character set that
 ///   the system enumerates the family for. Elsewhere fontconfig's scalable fonts of format TrueType that lie outside
-///   the font folder, each path once, in ascending byte-wise order. At most 100 files.
+///   the font folder, each path once, in ascending byte-wise order; where there is no usable configuration, those in
+///   the directories that fontconfig falls back to. A file lies in the font folder where its path, as it is or with
+///   all links resolved, is below one of the folder's directories, as it is or resolved. So a file outside that a link
+///   in the folder leads to is a registered font too, under its own path. At most 100 files.
 ///
 /// Where the font folder holds no file the registered fonts are not looked for either: there is no catalogue then.
 ///
@@ -30,8 +35,9 @@
 /// host makes them on one thread at a time. The lists handed out may be used anywhere. The C library's `getenv` and the
 /// locale's `tolower` are used, which a host must not change meanwhile.
 ///
-/// No exception leaves, and no message is printed. Font files are not trusted: one that is damaged adds no records, or
-/// none beyond the faces before the damage.
+/// No exception leaves, and the library prints no message; fontconfig may complain of its configuration and its cache
+/// on standard error. Font files are not trusted: one that is damaged adds no records, or none beyond the faces before
+/// the damage.
 
 #include <cstdint>
 

@@ -110,21 +110,26 @@ private:
     Paths files_;
 };
 
-// Whether directories lie in the font folder, whatever links lead there.
+// Whether files and directories lie in the font folder: by their own paths, though a link may lead out of it again, or
+// by the paths that their links resolve to.
 class FontFolder {
 public:
     FontFolder() {
-        for (const std::string& directory : FolderDirectories())
+        for (const std::string& directory : FolderDirectories()) {
+            roots_.push_back(directory);
             roots_.push_back(RealPath(directory));
+        }
     }
 
-    bool Holds(const std::string& directory) const {
-        const std::string path = RealPath(directory) + '/';
-        return std::any_of(roots_.begin(), roots_.end(),
-                           [&path](const std::string& root) { return path.starts_with(root + '/'); });
-    }
+    bool Holds(const std::string& path) const { return IsBelowARoot(path) || IsBelowARoot(RealPath(path)); }
 
 private:
+    // The roots themselves count.
+    bool IsBelowARoot(const std::string& path) const {
+        return std::any_of(roots_.begin(), roots_.end(),
+                           [&path](const std::string& root) { return (path + '/').starts_with(root + '/'); });
+    }
+
     // The path itself where nothing is there.
     static std::string RealPath(const std::string& path) {
         const std::unique_ptr<char, Closer> real(realpath(path.c_str(), nullptr));
@@ -161,19 +166,17 @@ const char* TrueTypePath(const FcPattern* font) {
     return TextOf(path);
 }
 
-std::string ParentOf(const std::string& path) { return path.substr(0, path.rfind('/')); }
-
 std::set<std::string> RegisteredPaths() {
     const FontFolder folder;
-    // A configuration of our own: the one that a host may have made current stays as it is. Without a file it is empty.
-    const Config config(FcConfigCreate());
-    if (!config || !FcConfigParseAndLoad(config.get(), nullptr, FcFalse)) return {};
+    // A configuration of our own: the one that a host may have made current stays as it is.
+    const Config config(FcInitLoadConfig());
+    if (!config) return {};
     AddFontsOutside(folder, config.get());
     std::set<std::string> paths;
     const FcFontSet* fonts = FcConfigGetFonts(config.get(), FcSetApplication);
     for (int i = 0; fonts != nullptr && i < fonts->nfont; ++i) {
         const char* path = TrueTypePath(fonts->fonts[i]);
-        if (path != nullptr && !folder.Holds(ParentOf(path))) paths.insert(path);
+        if (path != nullptr && !folder.Holds(path)) paths.insert(path);
     }
     return paths;
 }

@@ -60,21 +60,33 @@ bool ConnectorFindings::PassPointsTo(ConnectorSink& sink, size_t segments) {
 }
 
 bool ConnectorFindings::PassBundleTo(ConnectorSink& sink, std::span<const Point> points, uint32_t firstSegment) {
-    const auto segmentOf = [firstSegment](const Point& point) { return point.segment - firstSegment; };
-    if (!places_.Resize(points.size()) || !FindStarts(points, kBundle, segmentOf, ends_)) return false;
-    for (size_t i = 0; i < points.size(); ++i)
-        places_[ends_[segmentOf(points[i])]++] = i;
+    if (!OrderBundle(points, firstSegment)) return false;
+    for (const size_t place : places_)
+        sink.AddPoint(points[place].segment, points[place].at);
+    return true;
+}
 
+/// Leaves the order in `places_`.
+bool ConnectorFindings::OrderBundle(std::span<const Point> points, uint32_t firstSegment) {
+    if (!places_.Resize(points.size())) return false;
     // What comes from one pair stays in order.
     const auto isBefore = [points](size_t a, size_t b) {
-        return std::tie(points[a].other, a) < std::tie(points[b].other, b);
+        return std::tie(points[a].segment, points[a].other, a) < std::tie(points[b].segment, points[b].other, b);
     };
-    size_t* first = places_.begin();
-    for (uint32_t i = 0; i < kBundle; ++i) {
-        size_t* const last = places_.begin() + ends_[i];
-        std::sort(first, last, isBefore);
-        for (; first != last; ++first)
-            sink.AddPoint(firstSegment + i, points[*first].at);
+    if (points.size() < kWorthCounting) {
+        std::iota(places_.begin(), places_.end(), size_t{0});
+        std::sort(places_.begin(), places_.end(), isBefore);
+        return true;
+    }
+
+    const auto segmentOf = [firstSegment](const Point& point) { return point.segment - firstSegment; };
+    if (!FindStarts(points, kBundle, segmentOf, ends_)) return false;
+    for (size_t i = 0; i < points.size(); ++i)
+        places_[ends_[segmentOf(points[i])]++] = i;
+    size_t start = 0;
+    for (size_t i = 0; i < kBundle; ++i) {
+        std::sort(places_.begin() + start, places_.begin() + ends_[i], isBefore);
+        start = ends_[i];
     }
     return true;
 }

@@ -55,9 +55,12 @@ private:
 
     // So many consecutive segments get their points together.
     static constexpr uint32_t kBundle = 1024;
+    // Of fewer points in a bundle, sorting them all is as quick.
+    static constexpr size_t kWorthCounting = 256;
 
     bool PassPointsTo(ConnectorSink& sink, size_t segments);
     bool PassBundleTo(ConnectorSink& sink, std::span<const Point> points, uint32_t firstSegment);
+    bool OrderBundle(std::span<const Point> points, uint32_t firstSegment);
     void PassLinksTo(ConnectorSink& sink);
 
     Pair pair_{};

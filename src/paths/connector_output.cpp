@@ -27,7 +27,8 @@ size_t CountSplits(const DblPtVec* const* splits, size_t segments) {
 
 void SetExtents(PolylineGeom& polyline) {
     const PlaneBox box = BoxOfPoints(polyline.pts, polyline.nPts);
-    if (box.IsWholePlane())
+    const bool isSignOpen = box.minX == 0.0 || box.minY == 0.0 || box.maxX == 0.0 || box.maxY == 0.0;
+    if (box.IsWholePlane() || isSignOpen)
         polyline.RecalcExtents();
     else
         polyline.extents.TSet(box.minX, box.minY, box.maxX, box.maxY);

@@ -2,7 +2,6 @@
 #ifndef VELLUM_SRC_PATHS_PLANE_BOX_H
 #define VELLUM_SRC_PATHS_PLANE_BOX_H
 
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -61,17 +60,30 @@ inline PlaneBox BoxOfSegment(const DblPt& p, const DblPt& q) {
     return {p.x < q.x ? p.x : q.x, p.y < q.y ? p.y : q.y, p.x < q.x ? q.x : p.x, p.y < q.y ? q.y : p.y};
 }
 
-/// The box of some points, as `AlignedDblRect::Enclose` makes it from the first of them on; the whole plane where a
-/// coordinate is not finite.
+/// The box of some points; the whole plane where a coordinate is not finite. Where a side is zero, its sign may be
+/// that of any zero among the points.
 inline PlaneBox BoxOfPoints(const DblPt* pts, size_t count) {
-    PlaneBox box{pts[0].x, pts[0].y, pts[0].x, pts[0].y};
-    bool hasNan = false;
-    for (size_t i = 0; i < count; ++i) {
-        box.Enclose({pts[i].x, pts[i].y, pts[i].x, pts[i].y});
-        hasNan |= std::isunordered(pts[i].x, pts[i].y);
+    // Every other point has a box of its own, since each step waits for the one before it.
+    TwoDoubles least[2];
+    TwoDoubles most[2];
+    least[0] = least[1] = most[0] = most[1] = LoadTwo(&pts[0].x);
+    TwoBits areNan = {0, 0};
+    const auto enclose = [&](size_t i, size_t k) {
+        const TwoDoubles p = LoadTwo(&pts[i].x);
+        least[k] = p < least[k] ? p : least[k];
+        most[k] = p > most[k] ? p : most[k];
+        areNan |= p != p;
+    };
+    size_t i = 0;
+    for (; i + 1 < count; i += 2) {
+        enclose(i, 0);
+        enclose(i + 1, 1);
     }
+    if (i < count) enclose(i, 0);
+    PlaneBox box{least[0][0], least[0][1], most[0][0], most[0][1]};
+    box.Enclose({least[1][0], least[1][1], most[1][0], most[1][1]});
     const bool isFinite = (box.minX + box.minY + box.maxX + box.maxY) * 0.0 == 0.0;
-    return isFinite && !hasNan ? box : WholePlane();
+    return isFinite && (areNan[0] | areNan[1]) == 0 ? box : WholePlane();
 }
 
 }  // namespace Vellum::internal

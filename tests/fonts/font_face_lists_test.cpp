@@ -82,6 +82,14 @@ TEST(FaceList, OfOneNameTheFirstRecordCounts) {
     EXPECT_EQ(StylesOf(*fonts, "Vellum Plain"), Names({"Medium", "Regular", "Regular"}));
 }
 
+TEST(FaceList, OfManyOfOneNameTheFirstRecordCounts) {
+    const Machine machine;
+    for (int i = 10; i < 60; ++i)
+        machine.Install("plain.ttf", std::to_string(i) + ".ttf");
+    const Catalogue fonts = ScannedCatalogue();
+    EXPECT_EQ(EntryOf(*fonts, "Vellum Plain").file, machine.Folder() + "/10.ttf");
+}
+
 TEST(FaceList, LetterCaseTellsNamesApart) {
     const Machine machine;
     const std::string upper = machine.Install("plain.ttf");

@@ -15,8 +15,8 @@
 namespace fonts_test {
 
 /// A machine with its own fonts, while one lives, and no language. Elsewhere than on Windows the environment names its
-/// directories. On Windows it is the machine itself, which must have been declared one for tests (VELLUM_TEST_MACHINE):
-/// its fonts come and go.
+/// directories, those of a user among them. On Windows it is the machine itself, which must have been declared one for
+/// tests (VELLUM_TEST_MACHINE): its fonts come and go.
 class Machine {
 public:
     Machine();
@@ -30,6 +30,12 @@ public:
     std::string Elsewhere() const { return Path("elsewhere"); }
     /// A path in a directory of this machine alone.
     std::string Path(const std::string& name) const { return (root_ / name).make_preferred().string(); }
+
+    /// The user's directory of fonts. There is none on Windows.
+    std::string Home() const { return Path("home/fonts"); }
+    /// Has fontconfig see the machine's own directories, and in the place of the system's ones others that hold no
+    /// font. There is none on Windows.
+    void HideSystem() const;
 
     /// Copies a test font into the font folder, under its name or another; returns its path.
     std::string Install(const std::string& font, const std::string& as = {}) const;

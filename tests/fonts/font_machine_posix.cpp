@@ -24,6 +24,10 @@ Machine::Machine() {
                                   Path("cache") + "</cachedir></fontconfig>");
     SetVariable("XDG_DATA_DIRS", Path("share"));
     SetVariable("FONTCONFIG_FILE", Path("fonts.conf"));
+    SetVariable("XDG_DATA_HOME", Path("home"));
+    SetVariable("XDG_CONFIG_HOME", Path("home/config"));
+    SetVariable("XDG_CACHE_HOME", Path("home/cache"));
+    UnsetVariable("FONTCONFIG_SYSROOT");
     UnsetVariable("KVO_LANG_SUB_DIR");
 }
 
@@ -38,6 +42,14 @@ std::string Machine::InstallBelow(const std::string& font) const { return Instal
 
 std::string Machine::Register(const std::string& font, const std::string& as) const {
     return Copy(font, Elsewhere() + '/' + (as.empty() ? font : as));
+}
+
+void Machine::HideSystem() const {
+    const std::string root = Path("root");
+    const std::string inside = root + root_.string();
+    fs::create_directories(fs::path(inside).parent_path());
+    fs::create_directory_symlink(root_, inside);
+    SetVariable("FONTCONFIG_SYSROOT", root);
 }
 
 void Machine::RemoveFonts() const {

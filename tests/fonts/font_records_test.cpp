@@ -143,6 +143,9 @@ TEST_F(FontRecords, DamagedFilesAddNone) {
 TEST_F(FontRecords, DamagedFilesKeepTheFacesBeforeTheDamage) {
     EXPECT_EQ(Read("more-faces-than-offsets.ttc"), 3);
     EXPECT_EQ(FacesOf(*fonts), Names({"Vellum Trio/Regular", "Vellum Duo/Bold", "Vellum Trio/Italic"}));
+    fonts_test::ReleaseRecords(fonts->faces);
+    EXPECT_EQ(Read("broken-middle.ttc"), 1);
+    EXPECT_EQ(FacesOf(*fonts), Names({"Vellum Trio/Regular"}));
 }
 
 TEST_F(FontRecords, NamesThatAreNotThereAreEmpty) {

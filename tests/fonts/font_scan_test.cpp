@@ -64,9 +64,11 @@ TEST_F(FontScan, WithoutAFileLeavesNoRecordsAndTheClassesAsTheyWere) {
     machine.Register("plain.ttf");
     const Catalogue fonts = ScannedCatalogue();
     std::vector<FontFaceRec> before(std::begin(fonts->faces), std::end(fonts->faces));
+    fonts->unused[99] = fonts.get();
     fs::remove(machine.Folder() + "/plain.ttf");
     EXPECT_FALSE(fonts->InitFaceList());
     EXPECT_EQ(CountRecords(*fonts), 0u);
+    EXPECT_EQ(fonts->unused[99], nullptr);
     EXPECT_EQ(fonts_test::IndicesOf(fonts->regular), std::vector<unsigned>({0, 1}));
     // What was started once answers, from the records that there are.
     EXPECT_EQ(fonts_test::InstalledFaces(*fonts), Names());

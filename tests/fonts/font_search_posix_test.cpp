@@ -77,6 +77,7 @@ TEST_F(FontFolder, IsTheSystemsWhereNoDataDirectoryIsNamed) {
     const auto systemFiles = [this] { return fonts_test::FolderFiles(*fonts, "/usr/"); };
     SetVariable("XDG_DATA_DIRS", "/usr/local/share:/usr/share");
     const Names named = systemFiles();
+    if (named.empty()) GTEST_SKIP() << "the system has no fonts";
     SetVariable("XDG_DATA_DIRS", "");
     EXPECT_EQ(systemFiles(), named);
     fonts_test::UnsetVariable("XDG_DATA_DIRS");
@@ -168,11 +169,18 @@ TEST_F(RegisteredFonts, AreEachReadOnce) {
 TEST_F(RegisteredFonts, AreTrueTypeWhateverTheFilesAreCalled) {
     machine.Register("plain.ttf", "plain.bin");
     machine.Register("garbage.ttf");
+    machine.Register("cff.otf");
     machine.Write(machine.Elsewhere() + "/bitmap.bdf",
                   "STARTFONT 2.1\nFONT -x-Bitmap-Medium-R-Normal--8-80-75-75-C-80-ISO10646-1\nSIZE 8 75 75\n"
                   "FONTBOUNDINGBOX 8 1 0 0\nCHARS 1\nSTARTCHAR A\nENCODING 65\nSWIDTH 1000 0\nDWIDTH 8 0\n"
                   "BBX 8 1 0 0\nBITMAP\nFF\nENDCHAR\nENDFONT\n");
     EXPECT_EQ(Registered(), Names({"/plain.bin"}));
+}
+
+TEST_F(RegisteredFonts, AreScalable) {
+    machine.Register("bitmap.ttf");
+    machine.Register("plain.ttf");
+    EXPECT_EQ(Registered(), Names({"/plain.ttf"}));
 }
 
 TEST_F(RegisteredFonts, AreAtMostAHundred) {
@@ -198,6 +206,38 @@ TEST_F(RegisteredFonts, DoNotLieInTheFontFolder) {
                                       machine.Path("share") + "/fonts-too/plain.ttf"}));
 }
 
+TEST_F(RegisteredFonts, DoNotLieInADirectoryLinkedIntoTheFontFolder) {
+    const std::string away = machine.Copy("plain.ttf", machine.Path("away/r.ttf"));
+    fs::create_directory_symlink(machine.Path("away"), machine.Folder() + "/lk");
+    Configure("<dir>" + machine.Path("share") + "</dir>");
+    const Names files = {machine.Folder() + "/lk/r.ttf", inFolder};
+    EXPECT_EQ(FilesOf(*ScannedCatalogue()), files);
+    Configure("<dir>" + machine.Folder() + "/lk</dir>");
+    EXPECT_EQ(FilesOf(*ScannedCatalogue()), files);
+    // By its own path, which leads through nothing of the folder, the file is another one.
+    Configure("<dir>" + machine.Path("away") + "</dir>");
+    EXPECT_EQ(FilesOf(*ScannedCatalogue()), Names({files[0], files[1], away}));
+}
+
+TEST_F(RegisteredFonts, DoNotLieInAFontFolderThatIsALink) {
+    machine.Copy("plain.ttf", machine.Path("away/r.ttf"));
+    fs::create_directories(machine.Path("data"));
+    fs::create_directory_symlink(machine.Folder(), machine.Path("data/fonts"));
+    fs::create_directory_symlink(machine.Path("away"), machine.Folder() + "/lk");
+    SetVariable("XDG_DATA_DIRS", machine.Path("data"));
+    Configure("<dir>" + machine.Path("data") + "</dir><dir>" + machine.Path("share") + "</dir>");
+    EXPECT_EQ(FilesOf(*ScannedCatalogue()),
+              Names({machine.Path("data/fonts/lk/r.ttf"), machine.Path("data/fonts/symbol.ttf")}));
+}
+
+TEST_F(RegisteredFonts, AreNoLinksToTheFontFoldersFiles) {
+    fs::create_symlink(inFolder, machine.Elsewhere() + "/inward.ttf");
+    const std::string kept = machine.Register("plain.ttf", "kept.ttf");
+    fs::create_symlink(kept, machine.Folder() + "/outward.ttf");
+    Configure("<dir>" + machine.Path("share") + "</dir><dir>" + machine.Elsewhere() + "</dir>");
+    EXPECT_EQ(FilesOf(*ScannedCatalogue()), Names({machine.Folder() + "/outward.ttf", inFolder, kept}));
+}
+
 TEST_F(RegisteredFonts, AreThoseThatFontconfigAccepts) {
     machine.Register("plain.ttf", "plain.ttf");
     machine.Register("plain.ttf", "rejected.ttf");
@@ -206,10 +246,24 @@ TEST_F(RegisteredFonts, AreThoseThatFontconfigAccepts) {
     EXPECT_EQ(Registered(), Names({"/plain.ttf"}));
 }
 
-TEST_F(RegisteredFonts, AreNoneWithoutAConfiguration) {
+TEST_F(RegisteredFonts, WithoutAConfigurationAreInFontconfigsOwnDirectories) {
+    machine.HideSystem();
     machine.Register("plain.ttf");
+    const Names files = {inFolder, machine.Copy("plain.ttf", machine.Home() + "/plain.ttf")};
     SetVariable("FONTCONFIG_FILE", machine.Path("none.conf"));
-    EXPECT_EQ(Registered(), Names());
+    EXPECT_EQ(FilesOf(*ScannedCatalogue()), files);
+    SetVariable("FONTCONFIG_FILE", machine.Path("fonts.conf"));
+    machine.Write(machine.Path("fonts.conf"), "<fontconfig><dir>" + machine.Elsewhere() + "</dir>");
+    EXPECT_EQ(FilesOf(*ScannedCatalogue()), files);
+}
+
+TEST_F(RegisteredFonts, AreFoundWithoutAMessageWhereNoCacheIsConfigured) {
+    machine.HideSystem();
+    machine.Register("plain.ttf");
+    machine.Write(machine.Path("fonts.conf"), "<fontconfig><dir>" + machine.Elsewhere() + "</dir></fontconfig>");
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(Registered(), Names({"/plain.ttf"}));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
 TEST_F(RegisteredFonts, AreNotReadInTheFontFolder) {

@@ -16,6 +16,7 @@ import struct
 import sys
 
 from fontTools.fontBuilder import FontBuilder
+from fontTools.misc.psCharStrings import T2CharString
 from fontTools.ttLib import TTCollection, TTFont, newTable
 from fontTools.ttLib.tables import _c_m_a_p
 from fontTools.ttLib.tables._g_l_y_f import Glyph
@@ -61,14 +62,17 @@ def character_map(kind):
     return table
 
 
-def font(records, maps=(UNICODE,), style=0, code_pages=0):
+def font(records, maps=(UNICODE,), style=0, is_true_type=True, code_pages=0):
     """A font with the given records of names, character maps and bits of style in its header, and for Windows with the
     code pages that it serves."""
-    builder = FontBuilder(unitsPerEm=1000, isTTF=True)
+    builder = FontBuilder(unitsPerEm=1000, isTTF=is_true_type)
     builder.font.recalcTimestamp = False
     builder.updateHead(created=0, modified=0, macStyle=style)
     builder.setupGlyphOrder([".notdef"])
-    builder.setupGlyf({".notdef": Glyph()})
+    if is_true_type:
+        builder.setupGlyf({".notdef": Glyph()})
+    else:
+        builder.setupCFF("Vellum", {}, {".notdef": T2CharString(program=["endchar"])}, {})
     builder.setupHorizontalMetrics({".notdef": (500, 0)})
     builder.setupHorizontalHeader(ascent=800, descent=-200)
     builder.setupPost(keepGlyphNames=False)
@@ -87,6 +91,24 @@ def packed(made):
     out = io.BytesIO()
     made.save(out)
     return out.getvalue()
+
+
+def bitmap(plain):
+    """A font with a picture of eight dots in the place of its outline."""
+    line = struct.pack(">bbB9x", 1, 0, 8)
+    strike = struct.pack(">4L", 56, 24, 1, 0) + line + line + struct.pack(">HH4B", 0, 0, 8, 8, 1, 1)
+    index = struct.pack(">HHL", 0, 0, 8) + struct.pack(">HHLLL", 1, 1, 4, 0, 6)
+    tables = {
+        "EBLC": struct.pack(">LL", 0x20000, 1) + strike + index,
+        "EBDT": struct.pack(">LBBbbBB", 0x20000, 1, 8, 0, 1, 8, 0xFF),
+    }
+    made = TTFont(io.BytesIO(plain), recalcTimestamp=False, recalcBBoxes=False, lazy=True)
+    for tag in ("glyf", "loca"):
+        del made[tag]
+    for tag, data in tables.items():
+        made[tag] = DefaultTable(tag)
+        made[tag].data = data
+    return packed(made)
 
 
 def collection(*fonts):
@@ -154,6 +176,8 @@ def damaged(plain, trio):
         "truncated.ttc": trio[: len(trio) - 700],
         "no-faces.ttc": patched(trio, 8, struct.pack(">L", 0)),
         "countless-faces.ttc": patched(trio, 8, struct.pack(">L", 0xFFFFFFFF)),
+        # The second face's tables begin where the file ends.
+        "broken-middle.ttc": patched(trio, 16, struct.pack(">L", len(trio) - 4)),
         "more-faces-than-offsets.ttc": patched(trio, 8, struct.pack(">L", 12)),
         "endless-names.ttf": patched(plain, name_offset + 14, struct.pack(">HH", 0xFFFF, 0)),
         "names-elsewhere.ttf": patched(plain, name_offset + 14, struct.pack(">HH", 8, 0xFFF0)),
@@ -197,6 +221,8 @@ def files():
         "no-style.ttf": font(names("Vellum Styleless", None)),
         "empty-style.ttf": font(names("Vellum Styleless", "")),
         "no-names.ttf": font([]),
+        "bitmap.ttf": bitmap(plain),
+        "cff.otf": font(names("Vellum Curves", "Regular"), is_true_type=False),
         "long-name.ttf": font(names("x" * 259 + "Bold", "Regular")),
         "windows.ttf": font(names("Vellum Windows 000", "Regular"), code_pages=LATIN_1),
         "windows-thrice.ttf": font(names("Vellum Windows 000", "Regular"), code_pages=LATIN_1 | LATIN_2 | CYRILLIC),

@@ -110,7 +110,8 @@ fonts() {
     printf '%s\n' Hershey HersheyBold HersheyItalic HersheyMonospace Iges1001 Iges1002 Iges1003 "Vellum Plain" \
         >"$work/expected"
     compile_with_pkg_config "$prefix" "$here/fonts_host.cpp" "$work/host"
-    export XDG_DATA_DIRS=$work FONTCONFIG_FILE=$work/none.conf
+    echo '<fontconfig></fontconfig>' >"$work/fonts.conf"
+    export XDG_DATA_DIRS=$work FONTCONFIG_FILE=$work/fonts.conf
     expect_output "$prefix" "$work/host" "$work/expected"
     rm "$folder/plain.ttf"
 }

@@ -399,12 +399,13 @@ TEST(ConnectorSteps, AnEndOutOfReachDoesNotDecide) {
 
 // ---- The order of what is found ----
 
-TEST(ConnectorFindings, PassOnEverythingInTheOrderOfThePairs) {
-    // Polylines of three segments each: segment n belongs to polyline n / 3.
+/// Of so many segments, three to a polyline and numbered in steps, every pair that belongs to two polylines is told,
+/// in any order.
+void ExpectTheOrderOfThePairs(uint32_t segments, uint32_t step) {
     std::vector<ConnectorFindings::Pair> pairs;
-    for (uint32_t a = 0; a < 12; ++a)
-        for (uint32_t b = (a / 3 + 1) * 3; b < 12; ++b)
-            pairs.push_back({a / 3, b / 3, a, b});
+    for (uint32_t a = 0; a < segments; ++a)
+        for (uint32_t b = (a / 3 + 1) * 3; b < segments; ++b)
+            pairs.push_back({a / 3, b / 3, a * step, b * step});
     RandomNumbers random(5);
     for (size_t i = pairs.size(); i > 1; --i)
         std::swap(pairs[i - 1], pairs[random.Below(i)]);
@@ -422,19 +423,30 @@ TEST(ConnectorFindings, PassOnEverythingInTheOrderOfThePairs) {
         tellIn(pair, findings);
     }
     EXPECT_TRUE(findings.IsComplete());
-    Collected found(12);
-    ASSERT_TRUE(findings.PassTo(found, 12));
+    Collected found(segments * step);
+    ASSERT_TRUE(findings.PassTo(found, segments * step));
 
     std::sort(pairs.begin(), pairs.end(), [](const auto& p, const auto& q) {
         return std::tie(p.firstPolyline, p.secondPolyline, p.first, p.second) <
                std::tie(q.firstPolyline, q.secondPolyline, q.first, q.second);
     });
-    Collected expected(12);
+    Collected expected(segments * step);
     for (const auto& pair : pairs)
         tellIn(pair, expected);
     EXPECT_TRUE(Hold(found.splits, expected.splits));
     EXPECT_TRUE(Hold(found.links, expected.links));
 }
+
+TEST(ConnectorFindings, PassOnEverythingInTheOrderOfThePairs) { ExpectTheOrderOfThePairs(12, 1); }
+
+// Some 5,000 points on 60 neighbouring segments.
+TEST(ConnectorFindings, PassOnCrowdsInTheOrderOfThePairs) { ExpectTheOrderOfThePairs(60, 1); }
+
+// Few points here and there, on 4,800 segments.
+TEST(ConnectorFindings, PassOnStragglersInTheOrderOfThePairs) { ExpectTheOrderOfThePairs(12, 400); }
+
+// Crowds in different parts of 3,900 segments.
+TEST(ConnectorFindings, PassOnManyCrowdsInTheOrderOfThePairs) { ExpectTheOrderOfThePairs(78, 50); }
 
 TEST(ConnectorOutput, TakesTheSplitPointsAsOneByOne) {
     RandomNumbers random(6);

@@ -108,11 +108,34 @@ TEST(ShortestPathsMemory, Construction) {
     EXPECT_GT(allowed, 704u);
 }
 
+/// More nodes than fit in the memory that is asked for at first.
+TEST(ShortestPathsMemory, ConstructionOfManyNodes) {
+    Network network(1);
+    for (int i = 0; i < 5000; ++i)
+        network[0].push_back(DblPt(i, 0));
+    for (size_t allowed = 0; allowed < 16; ++allowed) {
+        SCOPED_TRACE(allowed);
+        SPTEngine engine(nullptr, 0);
+        engine.polylines = NewArray(network);
+        engine.polylineCount = 1;
+        {
+            const AllocationGuard guard(allowed);
+            engine.InitNodeList();
+        }
+        ExpectWithoutNodes(engine);
+        engine.InitNodeList();
+        engine.InitNodePolys();
+        EXPECT_EQ(engine.nodeList->size(), 5000u);
+        EXPECT_TRUE(engine.BuildSPT(DblPt(0, 0)));
+        EXPECT_TRUE(engine.IsOnPath(DblPt(4999, 0)));
+    }
+}
+
 TEST(ShortestPathsMemory, AnEngineWithoutMemoryGetsItLater) {
     SPTEngine engine(nullptr, 0);
     engine.polylines = NewArray(Star());
     engine.polylineCount = 702;
-    for (const size_t allowed : {0, 1, 4, 7, 20}) {
+    for (const size_t allowed : {0U, 1U, 4U, 7U, 20U}) {
         const AllocationGuard guard(allowed);
         engine.InitNodeList();
         engine.InitNodePolys();
