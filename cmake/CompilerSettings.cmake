@@ -22,6 +22,18 @@ endif()
 add_library(vellum_exact INTERFACE)
 target_compile_options(vellum_exact INTERFACE -ffp-contract=off)
 
+if(MINGW)
+    # What is built needs the system's own DLLs and none of the compiler's.
+    add_link_options(-static)
+    # printf and its family as the C standard has them, not as Windows has.
+    add_compile_definitions(__USE_MINGW_ANSI_STDIO=1)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+        # On 64-bit Windows the stack is aligned to 16 bytes. For vectors of 32 and 64 bytes g++ counts on more, and what
+        # it keeps on the stack would fault. The assembler makes their moves ones that take any address.
+        add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-Wa,-muse-unaligned-vector-move>)
+    endif()
+endif()
+
 add_library(vellum_warnings INTERFACE)
 target_compile_options(vellum_warnings INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
 if(VELLUM_WERROR)

@@ -2,7 +2,10 @@
 
 find_package(Freetype REQUIRED GLOBAL)
 set(vellum_dependencies Freetype::Freetype)
-if(NOT WIN32)
+if(WIN32)
+    # Knows which fonts the registry lists.
+    list(APPEND vellum_dependencies gdi32)
+else()
     find_package(Fontconfig REQUIRED GLOBAL)
     list(APPEND vellum_dependencies Fontconfig::Fontconfig)
 endif()

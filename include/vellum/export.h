@@ -7,12 +7,11 @@
 
 #if defined(VELLUM_STATIC)
 #define VELLUM_API
+#elif defined(_WIN32) && defined(VELLUM_BUILDING)
+// The linker is told the names.
+#define VELLUM_API
 #elif defined(_WIN32)
-#if defined(VELLUM_BUILDING)
-#define VELLUM_API __declspec(dllexport)
-#else
 #define VELLUM_API __declspec(dllimport)
-#endif
 #else
 #define VELLUM_API __attribute__((visibility("default")))
 #endif

@@ -72,6 +72,7 @@ inline PlaneBox BoxOfPoints(const DblPt* pts, size_t count) {
         const TwoDoubles p = LoadTwo(&pts[i].x);
         least[k] = p < least[k] ? p : least[k];
         most[k] = p > most[k] ? p : most[k];
+        // NOLINTNEXTLINE(misc-redundant-expression): NaN alone differs from itself
         areNan |= p != p;
     };
     size_t i = 0;

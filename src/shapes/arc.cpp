@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "shapes/extents.h"
+#include "types/trigonometry.h"
 #include "vellum/circles.h"
 
 namespace Vellum {
@@ -17,7 +18,8 @@ constexpr double kLargestEmptySweep = FLT_MIN;
 constexpr int kQuadrants = 4;
 
 DblPt PointAt(const ArcGeom& arc, double angle) {
-    return DblPt(arc.center.x + arc.radius * std::cos(angle), arc.center.y + arc.radius * std::sin(angle));
+    return DblPt(arc.center.x + arc.radius * internal::Cosine(angle),
+                 arc.center.y + arc.radius * internal::Sine(angle));
 }
 
 double AngleAbout(const DblPt& center, const DblPt& p) {

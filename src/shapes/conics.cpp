@@ -6,6 +6,8 @@
 #include <limits>
 #include <numbers>
 
+#include "types/multiply_add.h"
+
 namespace Vellum::internal {
 namespace {
 
@@ -17,8 +19,8 @@ int ExponentOf(double v) { return v == 0.0 || !std::isfinite(v) ? 0 : std::ilogb
 /// p q - r s, exact but for two roundings, where the plain formula cancels.
 double DifferenceOfProducts(double p, double q, double r, double s) {
     const double product = r * s;
-    const double lost = std::fma(-r, s, product);
-    return std::fma(p, q, -product) + lost;
+    const double lost = MultiplyAdd(-r, s, product);
+    return MultiplyAdd(p, q, -product) + lost;
 }
 
 /// How far from the centre a conic is in a direction: sqrt(-constant / coefficient), also where the quotient leaves

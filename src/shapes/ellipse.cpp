@@ -8,6 +8,7 @@
 #include "shapes/conic_distance.h"
 #include "shapes/conics.h"
 #include "shapes/extents.h"
+#include "types/trigonometry.h"
 #include "vellum/ellipses.h"
 #include "vellum/geometry.h"
 #include "vellum/matrix.h"
@@ -146,7 +147,7 @@ void EllipseGeom::utl_standard_ellipse(con_arc_str* conic, std_ell_typ* out) con
 void EllipseGeom::utl_ellipse_point(std_ell_typ* ellipse, double angle, DblPt* out) const {
     const internal::StandardForm form = {ellipse->cosine, ellipse->sine, PointOf(ellipse->center), ellipse->a,
                                          ellipse->b};
-    *out = form.FromLocal(DblPt(form.a * std::cos(angle), form.b * std::sin(angle)));
+    *out = form.FromLocal(DblPt(form.a * internal::Cosine(angle), form.b * internal::Sine(angle)));
 }
 
 void EllipseGeom::utl_maxmin_conic(con_arc_str* conic, DblPt* max, DblPt* min) const {

@@ -4,6 +4,7 @@
 
 #include "shapes/conics.h"
 #include "shapes/extents.h"
+#include "types/trigonometry.h"
 #include "vellum/ellipses.h"
 #include "vellum/matrix.h"
 
@@ -112,7 +113,7 @@ bool EllipticalArcGeom::GetEllipticalArcExtents(drw_con_arc_t* arc, DrwArcCT typ
     Mtx2D frame;
     if (conic.xy != 0.0) {
         const double rotation = RotationOf(conic);
-        conic = internal::Rotated(conic, std::cos(rotation), std::sin(rotation));
+        conic = internal::Rotated(conic, internal::Cosine(rotation), internal::Sine(rotation));
         frame.Rotate(-(rotation * kDegreesPerRadian), 2);
     }
     if (IsParabolic(conic.x, conic.xx) || IsParabolic(conic.y, conic.yy)) return false;

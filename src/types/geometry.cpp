@@ -5,6 +5,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "types/trigonometry.h"
+
 namespace Vellum {
 
 namespace {
@@ -203,8 +205,8 @@ void LookupSinCos(int degrees, double* sinOut, double* cosOut) {
     constexpr int kTurn = 360;
     const int reduced = (degrees % kTurn + kTurn) % kTurn;
     const double radians = reduced * kPi / 180.0;
-    *sinOut = std::sin(radians);
-    *cosOut = std::cos(radians);
+    *sinOut = internal::Sine(radians);
+    *cosOut = internal::Cosine(radians);
 }
 
 }  // namespace Vellum

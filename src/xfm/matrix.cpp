@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+#include "types/trigonometry.h"
+
 namespace Vellum {
 
 namespace {
@@ -22,7 +24,7 @@ SineCosine SineCosineOf(double degrees) {
     if (degrees == 180.0) return {0.0, -1.0};
     if (degrees == 270.0) return {-1.0, 0.0};
     const double radians = degrees * kRadiansPerDegree;
-    return {std::sin(radians), std::cos(radians)};
+    return {internal::Sine(radians), internal::Cosine(radians)};
 }
 
 double SnappedToQuarterTurn(double degrees) {

@@ -23,7 +23,7 @@ class Corrupter {
 public:
     Corrupter() {
         for (const auto& entry : std::filesystem::directory_iterator(VELLUM_TEST_FONTS))
-            paths_.push_back(entry.path());
+            paths_.push_back(entry.path().string());
         std::sort(paths_.begin(), paths_.end());
         for (const std::string& path : paths_)
             fonts_.push_back(fonts_test::ReadFile(path));

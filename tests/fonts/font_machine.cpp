@@ -2,12 +2,10 @@
 #include "fonts/font_machine.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <algorithm>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
 #include <string_view>
 #include <utility>
 
@@ -51,36 +49,8 @@ size_t NumberAt(const std::string& bytes, size_t offset, size_t size) {
 
 }  // namespace
 
-Machine::Machine() {
-    // In memory where that can be: the tests make thousands of files.
-    const fs::path scratch = fs::is_directory("/dev/shm") ? "/dev/shm" : fs::temp_directory_path();
-    std::string name = scratch / "vellum-fonts-XXXXXX";
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no scratch directory");
-    root_ = fs::canonical(name);
-    fs::create_directories(Folder());
-    fs::create_directories(Elsewhere());
-    Write(Path("fonts.conf"), "<fontconfig><dir>" + Folder() + "</dir><dir>" + Elsewhere() + "</dir><cachedir>" +
-                                  Path("cache") + "</cachedir></fontconfig>");
-    SetVariable("XDG_DATA_DIRS", DataDirectory());
-    SetVariable("FONTCONFIG_FILE", Path("fonts.conf"));
-    SetVariable("XDG_DATA_HOME", Path("home"));
-    SetVariable("XDG_CONFIG_HOME", Path("home/config"));
-    SetVariable("XDG_CACHE_HOME", Path("home/cache"));
-    UnsetVariable("FONTCONFIG_SYSROOT");
-    UnsetVariable("KVO_LANG_SUB_DIR");
-}
-
-Machine::~Machine() {
-    std::error_code ignored;
-    fs::remove_all(root_, ignored);
-}
-
 std::string Machine::Install(const std::string& font, const std::string& as) const {
-    return Copy(font, Folder() + '/' + (as.empty() ? font : as));
-}
-
-std::string Machine::Register(const std::string& font, const std::string& as) const {
-    return Copy(font, Elsewhere() + '/' + (as.empty() ? font : as));
+    return Copy(font, Folder() + static_cast<char>(fs::path::preferred_separator) + (as.empty() ? font : as));
 }
 
 std::string Machine::Copy(const std::string& font, const std::string& path) const {
@@ -94,29 +64,12 @@ void Machine::Write(const std::string& path, const std::string& bytes) const {
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
-void Machine::HideSystem() const {
-    const std::string root = Path("root");
-    const std::string inside = root + root_.string();
-    fs::create_directories(fs::path(inside).parent_path());
-    fs::create_directory_symlink(root_, inside);
-    SetVariable("FONTCONFIG_SYSROOT", root);
-}
-
-void Machine::RemoveFonts() const {
-    fs::remove_all(Folder());
-    fs::remove_all(Elsewhere());
-}
-
 std::string TestFont(const std::string& name) { return std::string(VELLUM_TEST_FONTS) + '/' + name; }
 
 std::string ReadFile(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
-
-void SetVariable(const char* name, const std::string& value) { setenv(name, value.c_str(), 1); }
-
-void UnsetVariable(const char* name) { unsetenv(name); }
 
 void ReleaseRecords(FontFaceRec* faces) {
     std::for_each(faces, faces + Fonts::kMaxFaces, [](FontFaceRec& face) {

@@ -14,8 +14,9 @@
 
 namespace fonts_test {
 
-/// A machine with its own fonts: while one lives, the environment names its directories, those of a user among them,
-/// and no language.
+/// A machine with its own fonts, while one lives, and no language. Elsewhere than on Windows the environment names its
+/// directories, those of a user among them. On Windows it is the machine itself, which must have been declared one for
+/// tests (VELLUM_TEST_MACHINE): its fonts come and go.
 class Machine {
 public:
     Machine();
@@ -23,22 +24,24 @@ public:
     Machine(const Machine&) = delete;
     Machine& operator=(const Machine&) = delete;
 
-    /// What XDG_DATA_DIRS names.
-    std::string DataDirectory() const { return root_ / "share"; }
-    std::string Folder() const { return root_ / "share/fonts"; }
-    /// A directory that fontconfig knows besides the font folder.
-    std::string Elsewhere() const { return root_ / "elsewhere"; }
-    std::string Path(const std::string& name) const { return root_ / name; }
+    /// The font folder.
+    std::string Folder() const;
+    /// The directory of the registered fonts.
+    std::string Elsewhere() const { return Path("elsewhere"); }
+    /// A path in a directory of this machine alone.
+    std::string Path(const std::string& name) const { return (root_ / name).make_preferred().string(); }
 
-    /// The user's directory of fonts.
-    std::string Home() const { return root_ / "home/fonts"; }
+    /// The user's directory of fonts. There is none on Windows.
+    std::string Home() const { return Path("home/fonts"); }
     /// Has fontconfig see the machine's own directories, and in the place of the system's ones others that hold no
-    /// font.
+    /// font. There is none on Windows.
     void HideSystem() const;
 
     /// Copies a test font into the font folder, under its name or another; returns its path.
     std::string Install(const std::string& font, const std::string& as = {}) const;
-    /// The same for the other directory.
+    /// The same, in a subdirectory where these are searched.
+    std::string InstallBelow(const std::string& font) const;
+    /// Copies a test font to where the registered fonts are, and registers it.
     std::string Register(const std::string& font, const std::string& as = {}) const;
     std::string Copy(const std::string& font, const std::string& path) const;
     void Write(const std::string& path, const std::string& bytes) const;

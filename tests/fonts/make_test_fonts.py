@@ -5,8 +5,8 @@
 Writes the font files of the catalogue's tests into a directory. Needs fontTools (Debian's python3-fonttools). The bytes
 depend on nothing else: a test compares them with those in data/.
 
-Each font has one empty glyph and the tables that FreeType asks for. The tables of names are packed here, since most of
-what they hold is what no font tool would write.
+Each font has one empty glyph and the tables that FreeType asks for, a few also that which Windows asks for. The tables of
+names are packed here, since most of what they hold is what no font tool would write.
 """
 
 import io
@@ -31,6 +31,7 @@ ENGLISH = 0x409
 BOLD, ITALIC = 1, 2  # in the font's header; FreeType's flags are the other way round
 
 PRIVATE_USE = 0xF041
+LATIN_1, LATIN_2, CYRILLIC = 1, 2, 4  # code pages
 
 
 def name(name_id, text, language=ENGLISH, kind=UNICODE):
@@ -61,8 +62,9 @@ def character_map(kind):
     return table
 
 
-def font(records, maps=(UNICODE,), style=0, is_true_type=True):
-    """A font with the given records of names, character maps and bits of style in its header."""
+def font(records, maps=(UNICODE,), style=0, is_true_type=True, code_pages=0):
+    """A font with the given records of names, character maps and bits of style in its header, and for Windows with the
+    code pages that it serves."""
     builder = FontBuilder(unitsPerEm=1000, isTTF=is_true_type)
     builder.font.recalcTimestamp = False
     builder.updateHead(created=0, modified=0, macStyle=style)
@@ -78,6 +80,8 @@ def font(records, maps=(UNICODE,), style=0, is_true_type=True):
         cmap = builder.font["cmap"] = newTable("cmap")
         cmap.tableVersion = 0
         cmap.tables = [character_map(kind) for kind in maps]
+    if code_pages:
+        builder.setupOS2(ulCodePageRange1=code_pages)
     table = builder.font["name"] = DefaultTable("name")
     table.data = name_table(records)
     return packed(builder.font)
@@ -220,6 +224,8 @@ def files():
         "bitmap.ttf": bitmap(plain),
         "cff.otf": font(names("Vellum Curves", "Regular"), is_true_type=False),
         "long-name.ttf": font(names("x" * 259 + "Bold", "Regular")),
+        "windows.ttf": font(names("Vellum Windows 000", "Regular"), code_pages=LATIN_1),
+        "windows-thrice.ttf": font(names("Vellum Windows 000", "Regular"), code_pages=LATIN_1 | LATIN_2 | CYRILLIC),
     }
     return {**made, **damaged(plain, trio)}
 

@@ -10,11 +10,31 @@ list=$(dirname "$0")/exported_symbols.txt
 library=$2
 
 names() { nm --dynamic --no-sort --defined-only "$@" "$library" | cut -d ' ' -f 3-; }
-exported() { paste -d ' ' <(names) <(names --demangle) | LC_ALL=C sort; }
+
+# A DLL has a table of its exports.
+dll_names() {
+    "$OBJDUMP" --private-headers "$library" |
+        awk '/^\[Ordinal\/Name Pointer\] Table/ { inside = 1; next } inside && NF == 0 { exit } inside { print $NF }'
+}
+
+exported() {
+    case $library in
+        *.dll) paste -d ' ' <(dll_names) <(dll_names | c++filt) ;;
+        *) paste -d ' ' <(names) <(names --demangle) ;;
+    esac | LC_ALL=C sort
+}
+
+# Windows has a debugger output of its own.
+listed() {
+    case $library in
+        *.dll) grep -v '^VellumDebugOutput ' "$list" ;;
+        *) cat "$list" ;;
+    esac
+}
 
 case $1 in
     check)
-        if ! diff -u --label "listed" --label "exported" "$list" <(exported); then
+        if ! diff -u --label "listed" --label "exported" <(listed) <(exported); then
             echo "The exported names differ from $list. If that is meant: ./dev symbols writes the list anew." >&2
             exit 1
         fi

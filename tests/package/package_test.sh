@@ -36,11 +36,24 @@ build_and_install() {
     install_and_move "$build" "$prefix"
 }
 
+# Where Windows finds the library and the compiler's own DLLs, which the hosts need.
+dll_path() {
+    local path=$1/bin name
+    for name in libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll; do
+        path+=";$(dirname "$($CXX -print-file-name=$name)")"
+    done
+    echo "$path"
+}
+
 # Runs a host of the installed library and expects a text from it.
 expect_output() {
     local prefix=$1 program=$2 expected=$3
-    LD_LIBRARY_PATH=$(dirname "$(find "$prefix" -name 'libvellum.*' -print -quit)") "$program" >"$program.out"
-    diff -u --label expected "$expected" "$program.out" || fail "$program printed something else."
+    # The runner is a list of words.
+    # shellcheck disable=SC2086
+    LD_LIBRARY_PATH=$(dirname "$(find "$prefix" -iname 'libvellum.*' -print -quit)") WINEPATH=$(dll_path "$prefix") \
+        $RUNNER "$program$PROGRAM_SUFFIX" >"$program.out"
+    # A text of Windows ends its lines in its own way.
+    diff -u --strip-trailing-cr --label expected "$expected" "$program.out" || fail "$program printed something else."
 }
 
 # Compiles a source with what the pkg-config module says.
@@ -62,7 +75,8 @@ find_package() {
     readme_block cmake >"$work/CMakeLists.txt"
     readme_block text >"$work/expected"
     printf 'add_compile_options(%s)\nadd_link_options(%s)\n' "$CXXFLAGS" "$CXXFLAGS" >"$work/options.cmake"
-    cmake -S "$work" -B "$work/build" "$@" -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_PROJECT_INCLUDE="$work/options.cmake"
+    cmake -S "$work" -B "$work/build" "$@" -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_FIND_ROOT_PATH="$prefix;${DEPENDENCIES:-}" \
+        -DCMAKE_PROJECT_INCLUDE="$work/options.cmake"
     cmake --build "$work/build"
     expect_output "$prefix" "$work/build/host" "$work/expected"
 }
@@ -86,18 +100,20 @@ debug_output() {
     expect_output "$prefix" "$work/host" "$work/expected"
 }
 
-# A host that needs what the library is linked with.
+# A host that needs what the library is linked with. Windows has one folder of fonts, elsewhere the environment names it.
 fonts() {
-    local prefix=$1 work=$2
+    local prefix=$1 work=$2 folder=${3:-$2/fonts}
     fresh_directory "$work"
-    mkdir "$work/fonts"
-    cp "$here/../fonts/data/plain.ttf" "$work/fonts"
+    mkdir -p "$folder"
+    rm -f "$folder"/*.tt?
+    cp "$here/../fonts/data/plain.ttf" "$folder"
     printf '%s\n' Hershey HersheyBold HersheyItalic HersheyMonospace Iges1001 Iges1002 Iges1003 "Vellum Plain" \
         >"$work/expected"
     compile_with_pkg_config "$prefix" "$here/fonts_host.cpp" "$work/host"
     echo '<fontconfig></fontconfig>' >"$work/fonts.conf"
     export XDG_DATA_DIRS=$work FONTCONFIG_FILE=$work/fonts.conf
     expect_output "$prefix" "$work/host" "$work/expected"
+    rm "$folder/plain.ttf"
 }
 
 case $1 in

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "vellum/geometry.h"
+namespace support {
 
 namespace {
 
@@ -11,9 +11,7 @@ std::vector<std::string> texts;
 
 }  // namespace
 
-extern "C" void VellumDebugOutput(const char* text) { texts.emplace_back(text); }
-
-namespace support {
+void AddDebugText(const char* text) { texts.emplace_back(text); }
 
 std::vector<std::string> TakeDebugTexts() { return std::exchange(texts, {}); }
 

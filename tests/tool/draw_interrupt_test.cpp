@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "scratch_directory.h"
+#include "tool_process.h"
 #include "tool_run.h"
 
 namespace {

@@ -225,6 +225,18 @@ TEST(DrawPictures, LargePicturesHaveNoSeams) {
     EXPECT_EQ(picture.Count(0x336699), 596 * 546);
 }
 
+TEST(DrawPictures, WhereTheyCannotBeWritten) {
+    const ScratchDirectory scratch;
+    for (const char* name : {"none/a.png", "none/a.pdf"}) {
+        const Outcome outcome = RunTool({"draw", Sample("countries-110m.geojson"), "-o", scratch.Path(name)});
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.err, "vellum: " + scratch.Path(name) + ": cannot be written: No such file or directory\n");
+    }
+    const Outcome named = RunTool({"draw", Sample("countries-110m.geojson"), "-o", scratch.Path("a.bmp")});
+    EXPECT_EQ(named.err,
+              "vellum: " + scratch.Path("a.bmp") + ": the name of a picture must end in .png, .svg or .pdf\n");
+}
+
 TEST(DrawPictures, VectorFormats) {
     const ScratchDirectory scratch;
     for (const char* rotation : {"0", "30"}) {

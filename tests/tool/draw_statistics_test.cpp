@@ -25,7 +25,7 @@ TEST(DrawStatistics, CountsAndTimes) {
         {"type":"Feature","properties":{},"geometry":{"type":"Polygon","coordinates":[
             [[100,0],[104,0],[104,4],[100,4],[100,0]]]}},
         {"type":"Feature","properties":{},"geometry":{"type":"Point","coordinates":[100,100]}}]})");
-    const Outcome outcome = RunTool({"draw", map, "-o", scratch.Path("a.png"), "--center", "2,2", "--width", "6",
+    const Outcome outcome = RunTool({"draw", map, "-o", scratch.Path("a.svg"), "--center", "2,2", "--width", "6",
                                      "--rotate", "30", "--size", "60x60", "--stats"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
@@ -52,7 +52,7 @@ TEST(DrawStatistics, CountsAndTimes) {
 
 TEST(DrawStatistics, TheWorld) {
     const tool_test::ScratchDirectory scratch;
-    const Outcome outcome = RunTool({"draw", Sample("countries-110m.geojson"), "-o", scratch.Path("a.png"), "--stats"});
+    const Outcome outcome = RunTool({"draw", Sample("countries-110m.geojson"), "-o", scratch.Path("a.svg"), "--stats"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_NE(outcome.out.find("\nread             177       288       289         0     10654\n"), std::string::npos)
         << outcome.out;

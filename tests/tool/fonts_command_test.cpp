@@ -1,45 +1,30 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
 
 #include "failure_checks.h"
+#include "fonts/font_machine.h"
 #include "tool_run.h"
 
 namespace {
 
-namespace fs = std::filesystem;
-
 using Json = nlohmann::json;
+using fonts_test::SetVariable;
 using tool_test::Outcome;
 using tool_test::RunTool;
 
 // The tool sees a machine with the fonts that a case installs.
 class FontsCommand : public tool_test::FailureTest {
 protected:
-    FontsCommand() {
-        fs::create_directories(scratch.Path("fonts"));
-        setenv("XDG_DATA_DIRS", scratch.Path("").c_str(), 1);
-        setenv("FONTCONFIG_FILE", scratch.Write("fonts.conf", "<fontconfig></fontconfig>").c_str(), 1);
-    }
-    ~FontsCommand() override {
-        for (const char* name : {"XDG_DATA_DIRS", "FONTCONFIG_FILE", "KVO_LANG_SUB_DIR"})
-            unsetenv(name);
-    }
-
-    std::string Install(const std::string& font, const std::string& as) const {
-        const std::string path = scratch.Path("fonts/" + as);
-        fs::copy_file(VELLUM_TEST_FONTS "/" + font, path);
-        return path;
-    }
+    fonts_test::Machine machine;
 };
 
 TEST_F(FontsCommand, PrintsATable) {
-    const std::string trio = Install("trio.ttc", "trio.ttc");
-    const std::string hershey = Install("hershey.ttf", "h.ttf");
+    const std::string trio = machine.Install("trio.ttc", "trio.ttc");
+    const std::string hershey = machine.Install("hershey.ttf", "h.ttf");
     const Outcome outcome = RunTool({"fonts"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
@@ -57,17 +42,17 @@ TEST_F(FontsCommand, PrintsATable) {
 }
 
 TEST_F(FontsCommand, PrintsLocalizedNames) {
-    Install("localized.ttf", "l.ttf");
-    setenv("KVO_LANG_SUB_DIR", "ja", 1);
-    EXPECT_NE(RunTool({"fonts"}).out.find("/l.ttf  ベラム\n"), std::string::npos);
-    setenv("KVO_LANG_SUB_DIR", "de", 1);
-    EXPECT_NE(RunTool({"fonts"}).out.find("/l.ttf  Wellum\n"), std::string::npos);
+    const std::string file = machine.Install("localized.ttf");
+    SetVariable("KVO_LANG_SUB_DIR", "ja");
+    EXPECT_NE(RunTool({"fonts"}).out.find(file + "  ベラム\n"), std::string::npos);
+    SetVariable("KVO_LANG_SUB_DIR", "de");
+    EXPECT_NE(RunTool({"fonts"}).out.find(file + "  Wellum\n"), std::string::npos);
 }
 
 TEST_F(FontsCommand, PrintsJson) {
-    const std::string localized = Install("localized.ttf", "l.ttf");
-    const std::string plain = Install("plain.ttf", "p.ttf");
-    setenv("KVO_LANG_SUB_DIR", "ja", 1);
+    const std::string localized = machine.Install("localized.ttf", "l.ttf");
+    const std::string plain = machine.Install("plain.ttf", "p.ttf");
+    SetVariable("KVO_LANG_SUB_DIR", "ja");
     const Outcome outcome = RunTool({"fonts", "--json"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.out.substr(0, 2), "{\n");
@@ -79,14 +64,17 @@ TEST_F(FontsCommand, PrintsJson) {
     EXPECT_EQ(faces[8], Json({{"name", "Vellum Plain"}, {"file", plain}, {"localizedName", nullptr}}));
 }
 
-TEST_F(FontsCommand, WritesJsonForPathsOfAnyBytes) {
-    Install("plain.ttf", "\xFF.ttf");
-    const Json faces = Json::parse(RunTool({"fonts", "--json"}).out)["faces"];
-    EXPECT_EQ(faces[7]["file"], scratch.Path("fonts/\uFFFD.ttf"));
+TEST_F(FontsCommand, WritesPathsInUtf8) {
+    const std::string name = "Gr\u00f6\u00dfe.ttf";
+    const std::filesystem::path path =
+        machine.Folder() / std::filesystem::path(std::u8string(name.begin(), name.end()));
+    std::filesystem::copy_file(fonts_test::TestFont("plain.ttf"), path);
+    const std::string file = Json::parse(RunTool({"fonts", "--json"}).out)["faces"][7]["file"];
+    EXPECT_EQ(file, machine.Folder() + static_cast<char>(std::filesystem::path::preferred_separator) + name);
 }
 
 TEST_F(FontsCommand, PrintsStyles) {
-    Install("trio.ttc", "trio.ttc");
+    machine.Install("trio.ttc", "trio.ttc");
     const Outcome outcome = RunTool({"fonts", "--styles", "Vellum Trio"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
@@ -106,7 +94,7 @@ TEST_F(FontsCommand, Help) {
 TEST_F(FontsCommand, Failures) {
     ExpectFailure({"fonts"}, "no font is installed that can be read");
     ExpectFailure({"fonts", "--json", "--styles", "Hershey"}, "no font is installed that can be read");
-    Install("plain.ttf", "p.ttf");
+    machine.Install("plain.ttf", "p.ttf");
     for (const std::string face : {"Vellum", "vellum plain", ""}) {
         ExpectFailure({"fonts", "--styles", face},
                       "--styles: no face is named \"" + face + "\"; vellum fonts lists the names");

@@ -1,36 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/resource.h>
 
 #include <cstddef>
-#include <cstdint>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "failure_checks.h"
 #include "geojson_reader.h"
-#include "png_pixels.h"
+#include "picture.h"
 #include "progress.h"
 #include "tool_run.h"
 
 namespace {
 
 using tool_test::Outcome;
-using tool_test::PngPixels;
 using tool_test::RunTool;
 using tool_test::Sample;
-
-constexpr uint32_t kBackground = 0xe4eef4;
-constexpr uint32_t kPale = 0xf7f5f0;
-constexpr uint32_t kInk = 0x2f3b4a;
-constexpr uint32_t kJoining = 0xd0202e;
-// The palette's first two colours for lines.
-constexpr uint32_t kLayer0 = 0xc3813e;
-constexpr uint32_t kLayer1 = 0x5a853e;
 
 // A main line of two parts, a branch that crosses it, and one that ends a quarter of a unit before it; what is no
 // line is left out.
@@ -60,12 +47,6 @@ protected:
         EXPECT_EQ(outcome.status, 0);
         EXPECT_EQ(outcome.out, summary);
         EXPECT_EQ(outcome.err, "");
-    }
-
-    PngPixels Draw(std::vector<std::string> options, const std::string& summary) const {
-        options.insert(options.end(), {"-o", scratch.Path("a.png")});
-        ExpectSummary(options, summary);
-        return PngPixels(scratch.Path("a.png"));
     }
 
     void ExpectRefused(std::vector<std::string> options, const std::string& message) const {
@@ -136,54 +117,6 @@ TEST_F(JoinCommand, TheRailroads) {
     EXPECT_EQ(document["features"][1127]["properties"], nlohmann::json({{"joining", true}}));
 }
 
-TEST_F(JoinCommand, DrawsLayersJoiningLinesAndSplitPoints) {
-    map = scratch.Write("drawn.geojson", R"({"type":"FeatureCollection","features":[
-        {"type":"Feature","properties":{"level":1},"geometry":{"type":"LineString","coordinates":[[0,0],[10,0]]}},
-        {"type":"Feature","properties":{"level":1},"geometry":{"type":"LineString","coordinates":[[2,-2],[2,2]]}},
-        {"type":"Feature","properties":{"level":1},"geometry":{"type":"LineString","coordinates":[[6,2],[7,5]]}},
-        {"type":"Feature","properties":{"level":2},"geometry":{"type":"LineString","coordinates":[[0,4],[4,4]]}}]})");
-    const std::string land =
-        scratch.Write("land", R"({"type":"Polygon","coordinates":[[[8,-9],[99,-9],[99,-1],[8,-1],[8,-9]]]})");
-    // A unit is 20 pixels, and the lines that run along an axis run through the middle of a pixel.
-    const PngPixels picture = Draw({"--tol", "2", "--layer-by", "level", "--map", land, "--size", "240x200", "--width",
-                                    "12", "--center", "4.975,1.025"},
-                                   Summary(4, 3, 1, 5));
-    const auto at = [&picture](double x, double y) {
-        return picture.At(static_cast<int>(120 + (x - 4.975) * 20), static_cast<int>(100 - (y - 1.025) * 20));
-    };
-    EXPECT_EQ(at(4, 0), kLayer0);
-    EXPECT_EQ(at(2, 1), kLayer0);
-    EXPECT_EQ(at(2, 4), kLayer1);
-    EXPECT_EQ(at(2, 0), kInk);
-    EXPECT_EQ(at(6, 1), kJoining);
-    EXPECT_EQ(at(6, 2), kJoining);
-    EXPECT_EQ(at(10, -3), kPale);
-    EXPECT_EQ(at(5, -3), kBackground);
-    EXPECT_EQ(picture.At(0, 0), 0x5d6b78U);
-}
-
-TEST_F(JoinCommand, MarksSplitPointsWhereTheyAreFew) {
-    // 32 lines one way and 32 the other: 2048 split points.
-    nlohmann::json grid = {{"type", "MultiLineString"}, {"coordinates", nlohmann::json::array()}};
-    for (int i = 0; i < 32; ++i) {
-        grid["coordinates"].push_back({{i, -1}, {i, 32}});
-        grid["coordinates"].push_back({{-1, i}, {32, i}});
-    }
-    map = scratch.Write("grid", grid.dump());
-    const std::string summary = Summary(64, 2048, 0, 64);
-    EXPECT_EQ(Draw({"--tol", "0", "--size", "400x400"}, summary).Count(kInk), 0);
-    EXPECT_GT(Draw({"--tol", "0", "--size", "400x400", "--center", "10,10", "--width", "20"}, summary).Count(kInk),
-              400);
-}
-
-TEST_F(JoinCommand, DrawsTheOtherFormats) {
-    for (const auto& [name, magic] : {std::pair("a.svg", "<?xml"), std::pair("a.pdf", "%PDF-")}) {
-        ExpectSummary({"--tol", "1", "-o", scratch.Path(name)}, Summary(4, 3, 1, 5));
-        EXPECT_EQ(scratch.Read(name).substr(0, 5), magic);
-    }
-    EXPECT_EQ(scratch.Names(), (std::vector<std::string>{"a.pdf", "a.svg", "map.geojson"}));
-}
-
 TEST_F(JoinCommand, Help) {
     const Outcome help = RunTool({"join", "--help"});
     EXPECT_EQ(help.status, 0);
@@ -206,14 +139,14 @@ TEST_F(JoinCommand, WrongArguments) {
                   "--size: \"5\" is not a size WxH of two whole numbers from 1 to 32767");
     ExpectRefused({"--tol", "1", "-o", out, "--layer-by", "Level"},
                   map + ": --layer-by: no feature has a property \"Level\"");
-    ExpectRefused({"--tol", "1", "-o", scratch.Path("a.png"), "--width", "1e-300"},
+    ExpectRefused({"--tol", "1", "-o", scratch.Path("a.svg"), "--width", "1e-300"},
                   "the view is too small: points that close to each other cannot be told apart there");
 }
 
 TEST_F(JoinCommand, WrongInput) {
     const std::string missing = scratch.Path("none");
     ExpectFailure({"join", missing, "--tol", "1", "-o", out}, missing + ": cannot be read: No such file or directory");
-    ExpectRefused({"--tol", "1", "-o", scratch.Path("a.png"), "--map", missing},
+    ExpectRefused({"--tol", "1", "-o", scratch.Path("a.svg"), "--map", missing},
                   missing + ": cannot be read: No such file or directory");
     map = scratch.Write("empty", "");
     ExpectRefused({"--tol", "1", "-o", out}, map + ": the file is empty");
@@ -229,9 +162,10 @@ TEST_F(JoinCommand, OutputThatCannotBeWritten) {
     // The name is looked at before anything is read.
     for (const char* name : {"a.bmp", "a.json", "geojson"}) {
         ExpectFailure({"join", scratch.Path("none"), "--tol", "1", "-o", scratch.Path(name)},
-                      scratch.Path(name) + ": the name must end in .geojson, or in .png, .svg or .pdf for a picture");
+                      scratch.Path(name) + ": the name must end in .geojson, or in " + tool::PictureExtensions() +
+                          " for a picture");
     }
-    for (const char* name : {"none/a.geojson", "none/a.png"}) {
+    for (const char* name : {"none/a.geojson", "none/a.svg"}) {
         ExpectRefused({"--tol", "1", "-o", scratch.Path(name)},
                       scratch.Path(name) + ": cannot be written: No such file or directory");
     }
@@ -239,21 +173,6 @@ TEST_F(JoinCommand, OutputThatCannotBeWritten) {
     ExpectRefused({"--tol", "1", "-o", scratch.Path("d.geojson")},
                   scratch.Path("d.geojson") + ": cannot be written: Is a directory");
     ExpectFailureToPrint({"join", map, "--tol", "1", "-o", out});
-}
-
-// A limit on the size of files stands for a full disk.
-TEST_F(JoinCommand, DiskIsFull) {
-    map = Sample("railroads-north-america.geojson");
-    scratch.Write("out.geojson", "a former file");
-    rlimit former = {};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &former), 0);
-    const rlimit tight = {4096, former.rlim_max};
-    const auto action = signal(SIGXFSZ, SIG_IGN);
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
-    ExpectRefused({"--tol", "0", "-o", out}, out + ": cannot be written: File too large");
-    setrlimit(RLIMIT_FSIZE, &former);
-    signal(SIGXFSZ, action);
-    EXPECT_EQ(scratch.Read("out.geojson"), "a former file");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "error.h"
@@ -58,7 +59,9 @@ TEST(OutputFile, ReplacesWhatWasThere) {
 TEST(OutputFile, WritesThroughALink) {
     const tool_test::ScratchDirectory scratch;
     scratch.Write("a.svg", "before");
-    std::filesystem::create_symlink("a.svg", scratch.Path("link.svg"));
+    std::error_code error;
+    std::filesystem::create_symlink("a.svg", scratch.Path("link.svg"), error);
+    if (error) GTEST_SKIP() << "no links here: " << error.message();
     tool::OutputFile file(scratch.Path("link.svg"));
     file.Write("after", 5);
     file.Commit();

@@ -1,32 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "failure_checks.h"
-#include "png_pixels.h"
+#include "picture.h"
 #include "tool_run.h"
 
 namespace {
 
 using tool_test::Outcome;
-using tool_test::PngPixels;
 using tool_test::RunTool;
 using tool_test::Sample;
-
-constexpr uint32_t kBackground = 0xe4eef4;
-constexpr uint32_t kPale = 0xf7f5f0;
-constexpr uint32_t kPaper = 0xffffff;
-constexpr uint32_t kInk = 0x2f3b4a;
-constexpr uint32_t kNetwork = 0x7289a3;
-constexpr uint32_t kWay = 0xd0202e;
 
 // A way along two lines, a line that only crosses it, and one that ends a quarter of a unit from its corner.
 const char* const kMap = R"({"type":"FeatureCollection","features":[
@@ -54,14 +43,6 @@ protected:
         EXPECT_EQ(outcome.status, 0);
         EXPECT_EQ(outcome.out, result);
         EXPECT_EQ(outcome.err, "");
-    }
-
-    PngPixels Draw(const std::string& from, const std::string& to, std::vector<std::string> options) const {
-        options.insert(options.end(), {"-o", scratch.Path("a.png")});
-        const Outcome outcome = Find(from, to, options);
-        EXPECT_EQ(outcome.status, 0);
-        EXPECT_EQ(outcome.err, "");
-        return PngPixels(scratch.Path("a.png"));
     }
 
     void ExpectRefused(std::vector<std::string> options, const std::string& message, int status = 2) const {
@@ -100,12 +81,12 @@ TEST_F(RouteCommand, LayersAreNotLookedAtByJoin) {
 }
 
 TEST_F(RouteCommand, NoWayLeavesNothing) {
-    scratch.Write("a.png", "a former picture");
-    for (const char* name : {"a.png", "b.png", "b.svg", "b.geojson"}) {
+    scratch.Write("a.svg", "a former picture");
+    for (const char* name : {"a.svg", "b.svg", "b.geojson"}) {
         ExpectRefused({"--from", "0,0", "--to", "1,6", "-o", scratch.Path(name)},
                       map + ": no way leads from (0, 0) to (1, 6); --join closes gaps between lines", 1);
     }
-    EXPECT_EQ(scratch.Read("a.png"), "a former picture");
+    EXPECT_EQ(scratch.Read("a.svg"), "a former picture");
 }
 
 TEST_F(RouteCommand, TheSameVertexIsAWayOfLengthZero) {
@@ -114,7 +95,6 @@ TEST_F(RouteCommand, TheSameVertexIsAWayOfLengthZero) {
               R"({"type":"Feature","properties":{"from":[-1.0,0.0],"length":0.0,"to":[0.0,0.25],"vertices":1},)"
               R"("geometry":{"type":"Point","coordinates":[0,0]}})"
               "\n");
-    EXPECT_EQ(Draw("-1,0", "0,0.25", {"--size", "100x100"}).At(50, 50), kInk);
 }
 
 TEST_F(RouteCommand, WritesTheWay) {
@@ -150,98 +130,6 @@ TEST_F(RouteCommand, TheRailroads) {
                   map + ": no way leads from (-147.679799, 64.818244) to (-74.034169, 40.743476)", 1);
 }
 
-class RoutePicture : public RouteCommand {
-protected:
-    RoutePicture() {
-        map = scratch.Write("drawn.geojson", R"({"type":"MultiLineString","coordinates":[
-            [[0,0],[10,0]], [[10,0],[10,5]], [[-30,-5.05],[40,-5.05]]]})");
-    }
-
-    // A unit is 10 pixels, and the middle of the picture is at (5, 0).
-    const std::vector<std::string> view = {"--center", "5,0", "--width", "20", "--size", "200x160"};
-};
-
-TEST_F(RoutePicture, ShowsTheWayInItsNetwork) {
-    std::vector<std::string> options = view;
-    const std::string land =
-        scratch.Write("land", R"({"type":"Polygon","coordinates":[[[-9,-9],[9,-9],[9,-6],[-9,-6],[-9,-9]]]})");
-    options.insert(options.end(), {"--map", land});
-    const PngPixels picture = Draw("0,0", "10,5", options);
-    EXPECT_EQ(picture.At(100, 79), kWay);
-    EXPECT_EQ(picture.At(100, 80), kWay);
-    EXPECT_EQ(picture.At(149, 60), kWay);
-    EXPECT_EQ(picture.At(100, 77), kPaper);
-    EXPECT_EQ(picture.At(100, 130), kNetwork);
-    EXPECT_EQ(picture.At(50, 80), kInk);
-    EXPECT_EQ(picture.At(150, 30), kInk);
-    EXPECT_EQ(picture.At(100, 150), kPale);
-    EXPECT_EQ(picture.At(100, 100), kBackground);
-    EXPECT_EQ(picture.At(0, 0), 0x5d6b78U);
-}
-
-/// The columns in which a label above a row has ink: the first, and one past the last.
-std::pair<int, int> InkedColumns(const PngPixels& picture, int top, int bottom) {
-    int left = picture.Width();
-    int right = 0;
-    for (int y = top; y < bottom; ++y) {
-        for (int x = 0; x < picture.Width(); ++x) {
-            if (picture.At(x, y) != kInk) continue;
-            left = std::min(left, x);
-            right = std::max(right, x + 1);
-        }
-    }
-    return {left, right};
-}
-
-TEST_F(RoutePicture, NamesTheEnds) {
-    // Of the end at (10, 5), which lies at (150, 30), there is nothing but its name above row 20.
-    const auto [left, right] = InkedColumns(Draw("0,0", "10,5", view), 3, 20);
-    EXPECT_NEAR((left + right) * 0.5, 150.0, 2.0);
-    std::vector<std::string> named = view;
-    named.insert(named.end(), {"--to-name", "Lille", "--from-name", ""});
-    const PngPixels picture = Draw("0,0", "10,5", named);
-    const auto [namedLeft, namedRight] = InkedColumns(picture, 3, 20);
-    EXPECT_NEAR((namedLeft + namedRight) * 0.5, 150.0, 2.0);
-    EXPECT_GT(namedRight - namedLeft, right - left + 8);
-    // The other has none.
-    EXPECT_EQ(InkedColumns(picture, 45, 72), std::pair(200, 0));
-    EXPECT_LT(InkedColumns(Draw("0,0", "10,5", view), 45, 72).first, 50);
-}
-
-TEST_F(RoutePicture, KeepsNamesInside) {
-    // The ends are at the picture's upper corners, where no name has room above or beside them.
-    map = scratch.Write("line", R"({"type":"LineString","coordinates":[[0,0],[10,0]]})");
-    const PngPixels picture = Draw(
-        "0,0", "10,0",
-        {"--center", "5,-4.8", "--width", "10.4", "--size", "208x200", "--from-name", "Hill", "--to-name", "Hill"});
-    const auto half = [&](int from, int to) {
-        int count = 0;
-        for (int y = 14; y < 40; ++y) {
-            for (int x = from; x < to; ++x) {
-                count += picture.At(x, y) == kInk ? 1 : 0;
-            }
-        }
-        return count;
-    };
-    EXPECT_EQ(half(0, 6), half(202, 208));
-    EXPECT_GT(half(16, 104), 10);
-    EXPECT_GT(half(104, 192), 10);
-}
-
-TEST_F(RoutePicture, ShowsTheWholeWayByItself) {
-    // The way is 10 by 5 units, with a margin of 8 percent: an end is 8 pixels from the picture's sides.
-    const PngPixels picture = Draw("0,0", "10,5", {"--size", "216x108"});
-    EXPECT_EQ(picture.At(8, 103), kInk);
-    EXPECT_EQ(picture.At(108, 103), kWay);
-}
-
-TEST_F(RoutePicture, InTheOtherFormats) {
-    for (const auto& [name, magic] : {std::pair("a.svg", "<?xml"), std::pair("a.pdf", "%PDF-")}) {
-        EXPECT_EQ(Find("0,0", "10,5", {"-o", scratch.Path(name)}).status, 0);
-        EXPECT_EQ(scratch.Read(name).substr(0, 5), magic);
-    }
-}
-
 TEST_F(RouteCommand, Help) {
     const Outcome help = RunTool({"route", "--help"});
     EXPECT_EQ(help.status, 0);
@@ -274,14 +162,14 @@ TEST_F(RouteCommand, WrongArguments) {
     refused({"--size", "5"}, "--size: \"5\" is not a size WxH of two whole numbers from 1 to 32767");
     refused({"--width", "0"}, "--width: \"0\" is not a number above 0 and up to 1e30");
     refused({"--map", map}, "--map requires --output");
-    refused({"-o", scratch.Path("a.png"), "--width", "1e-300"},
+    refused({"-o", scratch.Path("a.svg"), "--width", "1e-300"},
             "the view is too small: points that close to each other cannot be told apart there");
 }
 
 TEST_F(RouteCommand, WrongInput) {
     const std::vector<std::string> ends = {"--from", "0,0", "--to", "3,4"};
     const std::string missing = scratch.Path("none");
-    ExpectRefused({"--from", "0,0", "--to", "3,4", "-o", scratch.Path("a.png"), "--map", missing},
+    ExpectRefused({"--from", "0,0", "--to", "3,4", "-o", scratch.Path("a.svg"), "--map", missing},
                   missing + ": cannot be read: No such file or directory");
     map = missing;
     ExpectRefused(ends, missing + ": cannot be read: No such file or directory");
@@ -296,13 +184,13 @@ TEST_F(RouteCommand, OutputThatCannotBeWritten) {
         ExpectRefused({"--from", "0,0", "--to", "3,4", "-o", scratch.Path(name)}, scratch.Path(name) + cause);
     };
     refused("none/a.geojson", ": cannot be written: No such file or directory");
-    refused("none/a.pdf", ": cannot be written: No such file or directory");
+    refused("none/a.svg", ": cannot be written: No such file or directory");
     std::filesystem::create_directory(scratch.Path("d.geojson"));
     refused("d.geojson", ": cannot be written: Is a directory");
     ExpectFailureToPrint({"route", map, "--from", "0,0", "--to", "3,4"});
     // The name is looked at before anything is read.
     map = scratch.Path("none.geojson");
-    refused("a.bmp", ": the name must end in .geojson, or in .png, .svg or .pdf for a picture");
+    refused("a.bmp", ": the name must end in .geojson, or in " + tool::PictureExtensions() + " for a picture");
 }
 
 }  // namespace

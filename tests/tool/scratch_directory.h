@@ -16,8 +16,8 @@ public:
     ScratchDirectory(const ScratchDirectory&) = delete;
     ScratchDirectory& operator=(const ScratchDirectory&) = delete;
 
-    /// The path of a file in it.
-    std::string Path(const std::string& name) const { return (directory_ / name).string(); }
+    /// The path of a file in it. Names are in UTF-8.
+    std::string Path(const std::string& name) const;
 
     /// Writes a file and gives its path.
     std::string Write(const std::string& name, const std::string& text) const;
@@ -28,6 +28,8 @@ public:
     std::vector<std::string> Names() const;
 
 private:
+    std::filesystem::path FileOf(const std::string& name) const;
+
     std::filesystem::path directory_;
 };
 

@@ -2,8 +2,6 @@
 #ifndef VELLUM_TESTS_TOOL_TOOL_RUN_H
 #define VELLUM_TESTS_TOOL_TOOL_RUN_H
 
-#include <sys/types.h>
-
 #include <string>
 #include <vector>
 
@@ -20,12 +18,6 @@ Outcome RunTool(const std::vector<std::string>& arguments);
 
 /// The same with a standard output that takes nothing, as a full disk does.
 Outcome RunToolWithoutOutput(const std::vector<std::string>& arguments);
-
-/// Starts the tool, with its outputs thrown away.
-pid_t StartTool(const std::vector<std::string>& arguments);
-
-/// Waits for the end of a tool that was started; its status as in `Outcome`.
-int WaitForTool(pid_t tool);
 
 /// The path of a sample map.
 std::string Sample(const std::string& name);

@@ -11,7 +11,6 @@
 #include "clearance_picture.h"
 #include "feature_clearance.h"
 #include "geojson_reader.h"
-#include "output_file.h"
 #include "picture.h"
 #include "progress.h"
 #include "selection.h"
@@ -53,7 +52,7 @@ std::string Line(const char* role, const Vellum::DblPt& point, std::size_t index
 
 /// Measures, draws where that is wanted, and says what is to be printed.
 std::string FindClearance(const ClearanceArguments& arguments) {
-    if (!arguments.output.empty()) FormatOf(arguments.output);
+    if (!arguments.output.empty()) CheckPictureName(arguments.output);
     const ViewRequest request = arguments.view.Request();
     const PictureSize size = arguments.view.Size();
 
@@ -85,7 +84,8 @@ void AddClearanceCommand(CLI::App& app) {
         ->required()
         ->type_name("SELECTOR");
     verb->add_option("--b", arguments->b, "The other feature")->required()->type_name("SELECTOR");
-    verb->add_option("-o,--output", arguments->output, "A picture of it: a .png, .svg or .pdf file")->type_name("OUT");
+    verb->add_option("-o,--output", arguments->output, "A picture of it: a " + PictureExtensions() + " file")
+        ->type_name("OUT");
     arguments->view.AddTo(*verb, "the two parts that come closest");
     verb->footer(kFormat);
     verb->callback([arguments] {

@@ -10,7 +10,6 @@
 #include "canvas.h"
 #include "geojson_reader.h"
 #include "map_painting.h"
-#include "output_file.h"
 #include "picture.h"
 #include "pipeline.h"
 #include "progress.h"
@@ -57,7 +56,7 @@ Counts CountsOf(const Drawing& drawing) {
 }
 
 Statistics DrawMap(const DrawArguments& arguments) {
-    const PictureFormat format = FormatOf(arguments.output);
+    CheckPictureName(arguments.output);
     const PictureSize size = arguments.view.Size();
     const ViewRequest request = arguments.view.Request();
 
@@ -67,8 +66,7 @@ Statistics DrawMap(const DrawArguments& arguments) {
     statistics.Record("read", CountsOf(drawing));
 
     const View view(drawing, request, size);
-    OutputFile file(arguments.output);
-    Picture picture(format, size, file);
+    const std::unique_ptr<Picture> picture = NewPicture(arguments.output, size);
     const std::vector<Geometry> geometries = statistics.Time(
         "clip", [&] { return arguments.noClip ? KeepWhole(drawing, view) : Clip(drawing, view, progress); });
     statistics.Record("clipped", CountsOf(geometries));
@@ -83,12 +81,9 @@ Statistics DrawMap(const DrawArguments& arguments) {
             PaintFeatures(device, styles, canvas);
             canvas.Frame();
         };
-        picture.Paint(paint, progress);
+        picture->Paint(paint, progress);
     });
-    statistics.Time("write", [&] {
-        picture.Finish();
-        file.Commit();
-    });
+    statistics.Time("write", [&] { picture->Finish(); });
 
     return statistics;
 }
@@ -106,7 +101,7 @@ void AddDrawCommand(CLI::App& app) {
     CLI::App* verb = app.add_subcommand("draw", "Draw a GeoJSON file as a picture");
     const auto arguments = std::make_shared<DrawArguments>();
     verb->add_option("FILE", arguments->input, "The GeoJSON file")->required();
-    verb->add_option("-o,--output", arguments->output, "The picture: a .png, .svg or .pdf file")
+    verb->add_option("-o,--output", arguments->output, "The picture: a " + PictureExtensions() + " file")
         ->required()
         ->type_name("OUT");
     arguments->view.AddTo(*verb, "the whole drawing");

@@ -6,6 +6,7 @@
 
 #include "error.h"
 #include "picture.h"
+#include "platform.h"
 #include "text.h"
 
 namespace tool {
@@ -32,9 +33,9 @@ std::string GeometryText(const Points& line) {
 }  // namespace
 
 bool WantsGeoJson(const std::string& path) {
-    if (std::filesystem::path(path).extension() == ".geojson") return true;
-    if (FormatNamedBy(path)) return false;
-    throw Error(path + ": the name must end in .geojson, or in .png, .svg or .pdf for a picture");
+    if (PathOf(path).extension() == ".geojson") return true;
+    if (NamesPicture(path)) return false;
+    throw Error(path + ": the name must end in .geojson, or in " + PictureExtensions() + " for a picture");
 }
 
 std::string FeatureText(const Points& line, const nlohmann::json& properties) {

@@ -117,7 +117,8 @@ void AddJoinCommand(CLI::App& app) {
     verb->add_option("--tol", arguments->tolerance, "The widest gap that is joined")->required()->type_name("T");
     verb->add_option("--layer-by", arguments->layerBy, "Join only features that have the same value for this property")
         ->type_name("PROPERTY");
-    verb->add_option("-o,--output", arguments->output, "The result: a .geojson file, or a .png, .svg or .pdf picture")
+    verb->add_option("-o,--output", arguments->output,
+                     "The result: a .geojson file, or a " + PictureExtensions() + " picture")
         ->required()
         ->type_name("OUT");
     verb->add_option("--map", arguments->map, "A GeoJSON file to draw under the lines of a picture")->type_name("FILE");

@@ -11,6 +11,7 @@
 #include "fonts_command.h"
 #include "info_command.h"
 #include "join_command.h"
+#include "platform.h"
 #include "route_command.h"
 #include "sheet_command.h"
 #include "text.h"
@@ -24,6 +25,8 @@ int Run(int argc, char** argv) {
     CLI::App app("Vellum: two-dimensional geometry at the command line", "vellum");
     app.set_version_flag("--version", "vellum " VELLUM_TOOL_VERSION);
     app.require_subcommand(1);
+    // A path may begin with a slash everywhere.
+    app.allow_windows_style_options(false);
     tool::AddDrawCommand(app);
     tool::AddClearanceCommand(app);
     tool::AddInfoCommand(app);
@@ -51,6 +54,7 @@ int Fail(const std::string& message, int status) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    tool::PrepareStreams();
     try {
         return Run(argc, argv);
     } catch (const std::bad_alloc&) {

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstring>
 #include <system_error>
+#include <utility>
 
 #include "error.h"
 
@@ -16,8 +17,9 @@ namespace fs = std::filesystem;
 /// Where the file really lies: a link is written through, not replaced.
 fs::path Resolved(const std::string& path) {
     std::error_code error;
-    const fs::path resolved = fs::weakly_canonical(path, error);
-    return error ? fs::path(path) : resolved;
+    const fs::path named = PathOf(path);
+    const fs::path resolved = fs::weakly_canonical(named, error);
+    return error ? named : resolved;
 }
 
 /// A short name: one made from the target's could be longer than the file system takes.
@@ -31,16 +33,16 @@ fs::path TemporaryBeside(const fs::path& target) {
 }  // namespace
 
 OutputFile::OutputFile(const std::string& path)
-    : path_(path), target_(Resolved(path)), temporary_(TemporaryBeside(target_)), removal_(temporary_.string()) {
+    : path_(path), target_(Resolved(path)), temporary_(TemporaryBeside(target_)), removal_(temporary_) {
     std::error_code error;
     if (fs::is_directory(target_, error)) Fail(EISDIR);
-    file_ = std::fopen(temporary_.string().c_str(), "wbx");
+    file_ = OpenNewFile(temporary_);
     if (!file_) Fail(errno);
 }
 
 OutputFile::~OutputFile() {
-    if (!file_) return;
-    std::fclose(file_);
+    if (committed_) return;
+    if (file_) std::fclose(file_);
     std::error_code error;
     fs::remove(temporary_, error);
 }
@@ -51,13 +53,13 @@ bool OutputFile::Write(const void* bytes, std::size_t count) {
 }
 
 void OutputFile::Commit() {
-    if (error_ == 0 && std::fflush(file_) != 0) error_ = errno;
+    // Windows renames no open file.
+    if (std::fclose(std::exchange(file_, nullptr)) != 0 && error_ == 0) error_ = errno;
     if (error_ != 0) Fail(error_);
     std::error_code error;
     fs::rename(temporary_, target_, error);
-    if (error) Fail(error.value());
-    std::fclose(file_);
-    file_ = nullptr;
+    if (error) Fail(error.default_error_condition().value());
+    committed_ = true;
 }
 
 void OutputFile::Fail(int error) const { throw Error(path_ + ": cannot be written: " + std::strerror(error)); }

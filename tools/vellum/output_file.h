@@ -36,6 +36,7 @@ private:
     RemoveOnInterrupt removal_;
     std::FILE* file_ = nullptr;
     int error_ = 0;
+    bool committed_ = false;
 };
 
 }  // namespace tool

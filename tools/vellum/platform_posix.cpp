@@ -3,6 +3,8 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <cstdio>
+#include <filesystem>
 #include <utility>
 
 #include "platform.h"
@@ -34,11 +36,19 @@ void Handle(int number, void (*from)(int), void (*to)(int)) {
 
 }  // namespace
 
+void PrepareStreams() {}
+
 bool ErrorsGoToTerminal() { return isatty(STDERR_FILENO) == 1; }
 
 unsigned long ProcessNumber() { return static_cast<unsigned long>(getpid()); }
 
-RemoveOnInterrupt::RemoveOnInterrupt(std::string path) : path_(std::move(path)) {
+std::filesystem::path PathOf(const std::string& name) { return name; }
+
+std::FILE* OpenFile(const std::filesystem::path& path) { return std::fopen(path.c_str(), "rb"); }
+
+std::FILE* OpenNewFile(const std::filesystem::path& path) { return std::fopen(path.c_str(), "wbx"); }
+
+RemoveOnInterrupt::RemoveOnInterrupt(std::filesystem::path path) : path_(std::move(path)) {
     doomed = path_.c_str();
     for (const int number : kInterrupts) {
         Handle(number, SIG_DFL, RemoveAndEnd);

@@ -157,9 +157,8 @@ void AddRouteCommand(CLI::App& app) {
     verb->add_option("--to", arguments->to, "Where it ends")->required()->type_name("X,Y");
     verb->add_option("--join", arguments->tolerance, "First join the lines as vellum join does, with gaps of T at most")
         ->type_name("T");
-    CLI::Option* output = verb->add_option("-o,--output", arguments->output,
-                                           "The way: a .geojson file, or a .png, .svg or .pdf picture with the network")
-                              ->type_name("OUT");
+    const std::string formats = "a .geojson file, or a " + PictureExtensions() + " picture with the network";
+    CLI::Option* output = verb->add_option("-o,--output", arguments->output, "The way: " + formats)->type_name("OUT");
     verb->add_option("--map", arguments->map, "A GeoJSON file to draw under the network in a picture")
         ->type_name("FILE")
         ->needs(output);

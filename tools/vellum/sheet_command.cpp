@@ -67,7 +67,7 @@ std::string TitleOf(const Pair& pair, std::size_t index) {
 }
 
 void DrawSheet(const SheetArguments& arguments) {
-    FormatOf(arguments.output);
+    CheckPictureName(arguments.output);
     const PictureSize size = ParseSize("--size", arguments.size);
     const Sheet sheet(size);
 
@@ -87,7 +87,7 @@ void DrawSheet(const SheetArguments& arguments) {
 void AddSheetCommand(CLI::App& app) {
     CLI::App* verb = app.add_subcommand("sheet", "Draw every shape of the library with its extents and its hit tests");
     const auto arguments = std::make_shared<SheetArguments>();
-    verb->add_option("-o,--output", arguments->output, "The picture: a .png, .svg or .pdf file")
+    verb->add_option("-o,--output", arguments->output, "The picture: a " + PictureExtensions() + " file")
         ->required()
         ->type_name("OUT");
     CLI::Option* map =

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "tool_run.h"
-
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -9,6 +7,8 @@
 #include <stdexcept>
 
 #include "scratch_directory.h"
+#include "tool_process.h"
+#include "tool_run.h"
 
 namespace tool_test {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "canvas.h"
+#include "cairo_canvas.h"
 
 #include <algorithm>
 #include <array>
@@ -8,35 +8,18 @@
 #include <utility>
 
 #include "error.h"
+#include "look.h"
 
 namespace tool {
 
 namespace {
 
-constexpr Colour kBackground = Rgb(0xe4eef4);
-constexpr Colour kFrame = Rgb(0x5d6b78);
-constexpr Colour kInk = Rgb(0x2f3b4a);
-constexpr Colour kPaper = Rgb(0xffffff);
-
-// In pixels.
-constexpr double kOutlineWidth = 0.7;
-constexpr double kLineWidth = 1.3;
-constexpr double kPointRadius = 3.5;
-constexpr double kFrameWidth = 2.0;
-constexpr double kHaloWidth = 1.8;
-constexpr double kLabelMargin = 6.0;
-
 // The renderer's own: the same letters everywhere, and no font that a machine may lack.
 constexpr const char* kFont = "@cairo:";
-
-// How far an outline goes from the area's colour towards ink.
-constexpr double kOutlineInk = 0.55;
 
 // The eight directions in which a halo reaches.
 constexpr std::array<std::array<double, 2>, 8> kAround = {
     {{1.0, 0.0}, {0.7, 0.7}, {0.0, 1.0}, {-0.7, 0.7}, {-1.0, 0.0}, {-0.7, -0.7}, {0.0, -1.0}, {0.7, -0.7}}};
-
-double Pixels(int32_t units) { return static_cast<double>(units) / kUnitsPerPixel; }
 
 DeviceBox BoxOf(const Vellum::int_pt_t& a, const Vellum::int_pt_t& b) {
     return {std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)};
@@ -66,8 +49,8 @@ void CheckCairo(cairo_status_t status) {
     throw Error(std::string("the picture cannot be drawn: ") + cairo_status_to_string(status));
 }
 
-Canvas::Canvas(cairo_surface_t* surface, const PictureSize& size, const DeviceBox& part, Strokes strokes)
-    : size_(size), part_(Grown(part, kInkPixels * kUnitsPerPixel)), strokes_(strokes), context_(cairo_create(surface)) {
+CairoCanvas::CairoCanvas(cairo_surface_t* surface, const PictureSize& size, const DeviceBox& part, Strokes strokes)
+    : place_{size, Grown(part, kInkPixels * kUnitsPerPixel)}, strokes_(strokes), context_(cairo_create(surface)) {
     Check();
     cairo_set_antialias(context_.get(), strokes == Strokes::Separate ? CAIRO_ANTIALIAS_NONE : CAIRO_ANTIALIAS_DEFAULT);
     cairo_set_fill_rule(context_.get(), CAIRO_FILL_RULE_EVEN_ODD);
@@ -76,17 +59,17 @@ Canvas::Canvas(cairo_surface_t* surface, const PictureSize& size, const DeviceBo
     UseExactText(context_.get());
 }
 
-void Canvas::Background() {
-    cairo_rectangle(context_.get(), 0.0, 0.0, size_.width, size_.height);
+void CairoCanvas::Background() {
+    cairo_rectangle(context_.get(), 0.0, 0.0, place_.size.width, place_.size.height);
     Fill(kBackground);
 }
 
-void Canvas::Paper() {
-    cairo_rectangle(context_.get(), 0.0, 0.0, size_.width, size_.height);
+void CairoCanvas::Paper() {
+    cairo_rectangle(context_.get(), 0.0, 0.0, place_.size.width, place_.size.height);
     Fill(kPaper);
 }
 
-void Canvas::Polygon(const DeviceGeometry::Polygon& rings, const Colour& colour) {
+void CairoCanvas::Polygon(const DeviceGeometry::Polygon& rings, const Colour& colour) {
     const auto shown = [this](const DeviceGeometry::Points& ring) { return Shows(ring); };
     if (std::none_of(rings.begin(), rings.end(), shown)) return;
     for (const DeviceGeometry::Points& ring : rings) {
@@ -98,17 +81,17 @@ void Canvas::Polygon(const DeviceGeometry::Polygon& rings, const Colour& colour)
         StrokePath(ring);
         CloseStrokePath(ring);
     }
-    Stroke(Mix(colour, kInk, kOutlineInk), kOutlineWidth);
+    Stroke(OutlineColour(colour), kOutlineWidth);
 }
 
-void Canvas::Lines(const std::vector<DeviceGeometry::Points>& lines, const Colour& colour) {
+void CairoCanvas::Lines(const std::vector<DeviceGeometry::Points>& lines, const Colour& colour) {
     for (const DeviceGeometry::Points& line : lines)
         StrokePath(line);
     Stroke(colour, kLineWidth);
 }
 
-void Canvas::Point(const Vellum::int_pt_t& point, const Colour& colour) {
-    if (!Touches(part_, BoxOf(point, point))) return;
+void CairoCanvas::Point(const Vellum::int_pt_t& point, const Colour& colour) {
+    if (!Touches(place_.part, BoxOf(point, point))) return;
     const auto disc = [&] {
         cairo_arc(context_.get(), Pixels(point.x), Pixels(point.y), kPointRadius, 0.0, 2.0 * std::numbers::pi);
     };
@@ -118,30 +101,30 @@ void Canvas::Point(const Vellum::int_pt_t& point, const Colour& colour) {
     Stroke(kPaper, kOutlineWidth);
 }
 
-void Canvas::Frame() {
-    cairo_rectangle(context_.get(), 0.0, 0.0, size_.width, size_.height);
+void CairoCanvas::Frame() {
+    cairo_rectangle(context_.get(), 0.0, 0.0, place_.size.width, place_.size.height);
     // Half of the stroke falls outside the picture.
     Stroke(kFrame, 2.0 * kFrameWidth);
 }
 
-void Canvas::Line(const DeviceGeometry::Points& line, const Pen& pen) {
+void CairoCanvas::Line(const DeviceGeometry::Points& line, const Pen& pen) {
     StrokePath(line);
     cairo_set_dash(context_.get(), &pen.dash, pen.dash > 0.0 ? 1 : 0, 0.0);
     Stroke(pen.colour, pen.width);
     cairo_set_dash(context_.get(), nullptr, 0, 0.0);
 }
 
-void Canvas::Dot(const Vellum::int_pt_t& point, double radius, const Colour& colour) {
-    if (!Touches(part_, BoxOf(point, point))) return;
+void CairoCanvas::Dot(const Vellum::int_pt_t& point, double radius, const Colour& colour) {
+    if (!Touches(place_.part, BoxOf(point, point))) return;
     cairo_arc(context_.get(), Pixels(point.x), Pixels(point.y), radius, 0.0, 2.0 * std::numbers::pi);
     Fill(colour);
 }
 
-void Canvas::Text(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style) {
+void CairoCanvas::Text(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style) {
     // No letter is wider or higher than the font's size.
     const auto size = static_cast<int32_t>(style.size * kUnitsPerPixel);
     const int32_t width = size * static_cast<int32_t>(text.size());
-    if (!Touches(part_, {point.x, point.y - size, point.x + width, point.y + size})) return;
+    if (!Touches(place_.part, {point.x, point.y - size, point.x + width, point.y + size})) return;
     SelectFont(style);
     for (const auto& [right, down] : kAround) {
         Letters(Pixels(point.x) + right * kHaloWidth, Pixels(point.y) + down * kHaloWidth, text, kPaper);
@@ -149,57 +132,64 @@ void Canvas::Text(const Vellum::int_pt_t& point, const std::string& text, const 
     Letters(Pixels(point.x), Pixels(point.y), text, style.colour);
 }
 
-void Canvas::Label(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style) {
+void CairoCanvas::Label(const Vellum::int_pt_t& point, const std::string& text, const TextStyle& style) {
     SelectFont(style);
     cairo_text_extents_t extents;
     cairo_text_extents(context_.get(), text.c_str(), &extents);
-    const double room = size_.width - kLabelMargin - extents.x_advance;
+    const double room = place_.size.width - kLabelMargin - extents.x_advance;
     const double left = std::max(kLabelMargin, std::min(Pixels(point.x) - extents.x_advance * 0.5, room));
     const double base = std::max(kLabelMargin + style.size, Pixels(point.y));
     Text({static_cast<int32_t>(left * kUnitsPerPixel), static_cast<int32_t>(base * kUnitsPerPixel)}, text, style);
 }
 
-void Canvas::SelectFont(const TextStyle& style) {
+void CairoCanvas::SelectFont(const TextStyle& style) {
     cairo_select_font_face(context_.get(), kFont, CAIRO_FONT_SLANT_NORMAL,
                            style.bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
     cairo_set_font_size(context_.get(), style.size);
 }
 
 /// As glyphs, not as a path: the renderer's paths of letters differ from run to run.
-void Canvas::Letters(double x, double y, const std::string& text, const Colour& colour) {
+void CairoCanvas::Letters(double x, double y, const std::string& text, const Colour& colour) {
     cairo_set_source_rgb(context_.get(), colour.red, colour.green, colour.blue);
     cairo_move_to(context_.get(), x, y);
     cairo_show_text(context_.get(), text.c_str());
     cairo_new_path(context_.get());
 }
 
-void Canvas::Enter(const PixelBox& box) {
+void CairoCanvas::Enter(const PixelBox& box) {
     cairo_save(context_.get());
     cairo_rectangle(context_.get(), box.left, box.top, box.width, box.height);
     cairo_clip(context_.get());
     cairo_translate(context_.get(), box.left, box.top);
     const int32_t left = box.left * kUnitsPerPixel;
     const int32_t top = box.top * kUnitsPerPixel;
-    part_ = {part_.left - left, part_.top - top, part_.right - left, part_.bottom - top};
-    size_ = {box.width, box.height};
+    const DeviceBox& part = place_.part;
+    around_.push_back(place_);
+    place_ = {{box.width, box.height}, {part.left - left, part.top - top, part.right - left, part.bottom - top}};
 }
 
-bool Canvas::Shows(const DeviceGeometry::Points& ring) const {
+void CairoCanvas::Leave() {
+    place_ = around_.back();
+    around_.pop_back();
+    cairo_restore(context_.get());
+}
+
+bool CairoCanvas::Shows(const DeviceGeometry::Points& ring) const {
     if (ring.empty()) return false;
     const auto [left, right] =
         std::minmax_element(ring.begin(), ring.end(), [](auto& a, auto& b) { return a.x < b.x; });
     const auto [top, bottom] =
         std::minmax_element(ring.begin(), ring.end(), [](auto& a, auto& b) { return a.y < b.y; });
-    return Touches(part_, {left->x, top->y, right->x, bottom->y});
+    return Touches(place_.part, {left->x, top->y, right->x, bottom->y});
 }
 
-void Canvas::Path(const DeviceGeometry::Points& points) {
+void CairoCanvas::Path(const DeviceGeometry::Points& points) {
     cairo_new_sub_path(context_.get());
     for (const Vellum::int_pt_t& p : points)
         cairo_line_to(context_.get(), Pixels(p.x), Pixels(p.y));
 }
 
-void Canvas::StrokePath(const DeviceGeometry::Points& points) {
+void CairoCanvas::StrokePath(const DeviceGeometry::Points& points) {
     if (strokes_ == Strokes::Joined) {
         Path(points);
     } else {
@@ -208,7 +198,7 @@ void Canvas::StrokePath(const DeviceGeometry::Points& points) {
     }
 }
 
-void Canvas::CloseStrokePath(const DeviceGeometry::Points& points) {
+void CairoCanvas::CloseStrokePath(const DeviceGeometry::Points& points) {
     if (strokes_ == Strokes::Joined) {
         cairo_close_path(context_.get());
     } else {
@@ -216,20 +206,20 @@ void Canvas::CloseStrokePath(const DeviceGeometry::Points& points) {
     }
 }
 
-void Canvas::Edge(Vellum::int_pt_t a, Vellum::int_pt_t b) {
-    if (!Touches(part_, BoxOf(a, b))) return;
+void CairoCanvas::Edge(Vellum::int_pt_t a, Vellum::int_pt_t b) {
+    if (!Touches(place_.part, BoxOf(a, b))) return;
     // The clipping may turn an outline round; an edge looks the same both ways.
     if (std::pair(b.x, b.y) < std::pair(a.x, a.y)) std::swap(a, b);
     cairo_move_to(context_.get(), Pixels(a.x), Pixels(a.y));
     cairo_line_to(context_.get(), Pixels(b.x), Pixels(b.y));
 }
 
-void Canvas::Fill(const Colour& colour) {
+void CairoCanvas::Fill(const Colour& colour) {
     cairo_set_source_rgb(context_.get(), colour.red, colour.green, colour.blue);
     cairo_fill(context_.get());
 }
 
-void Canvas::Stroke(const Colour& colour, double width) {
+void CairoCanvas::Stroke(const Colour& colour, double width) {
     cairo_set_source_rgb(context_.get(), colour.red, colour.green, colour.blue);
     cairo_set_line_width(context_.get(), width);
     cairo_stroke(context_.get());
