@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/malloc_guard.h"
 
+#include <exception>
+
 namespace {
 
 bool guarded = false;
@@ -25,6 +27,8 @@ MallocGuard::MallocGuard(std::size_t allowed) {
     allowance = allowed;
     requests = 0;
     lastSize = 0;
+    // The first exception may need memory for what the language keeps of each thread, and end the program without it.
+    static_cast<void>(std::uncaught_exceptions());
     guarded = true;
 }
 
