@@ -23,11 +23,15 @@ export VELLUM_TEST_MACHINE=1
 case $2 in
     run) exec wine "${@:3}" ;;
     start)
+        # The server of a run that was interrupted would not let another one start.
+        wineserver --kill || true
         wineserver --persistent
         wine wineboot --init 2>/dev/null
         # The desktop, on no screen: otherwise programs that ask for it wait ten seconds for one to come up.
         wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1
         wine explorer.exe /desktop >/dev/null 2>&1 &
+        # It is there once something has asked for it.
+        wine rundll32 user32.dll,MessageBeep >/dev/null 2>&1
         ;;
     stop) wineserver --kill ;;
 esac

@@ -1,16 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "support/malloc_guard.h"
 
+#include <cxxabi.h>
+
 #include <exception>
 
 namespace {
 
 bool guarded = false;
+bool failsOnce = false;
 std::size_t allowance = 0;
 std::size_t requests = 0;
 std::size_t lastSize = 0;
 
 bool Admit(std::size_t size) {
+    if (failsOnce) return failsOnce = false;
     if (!guarded) return true;
     ++requests;
     lastSize = size;
@@ -19,16 +23,24 @@ bool Admit(std::size_t size) {
     return true;
 }
 
+// Where the standard library is part of the program, its exceptions are made under guard, in a reserve. On Windows the
+// reserve's lock and what is kept of each thread need memory at their first use.
+void OpenReserveOfExceptions() {
+    failsOnce = true;
+    abi::__cxa_free_exception(abi::__cxa_allocate_exception(1));
+    failsOnce = false;
+    static_cast<void>(std::uncaught_exceptions());
+}
+
 }  // namespace
 
 namespace support {
 
 MallocGuard::MallocGuard(std::size_t allowed) {
+    OpenReserveOfExceptions();
     allowance = allowed;
     requests = 0;
     lastSize = 0;
-    // The first exception may need memory for what the language keeps of each thread, and end the program without it.
-    static_cast<void>(std::uncaught_exceptions());
     guarded = true;
 }
 

@@ -73,9 +73,9 @@ TEST_F(SvgPictures, AJoinedNetwork) {
     const std::string lines = scratch.Write(
         "lines", R"({"type":"MultiLineString","coordinates":[[[0,0],[10,0]],[[2,-2],[2,2]],[[6,1],[7,5]]]})");
     const std::string svg = Draw({"join", lines, "--tol", "1.5"});
-    // The split points, and the joining line in red.
-    EXPECT_EQ(Count(svg, "<circle "), 3U);
-    EXPECT_EQ(Count(svg, "#d0202e"), 1U);
+    // The split points in ink, and the joining line in red.
+    EXPECT_EQ(Count(svg, "fill=\"#2f3b4a\""), 3U);
+    EXPECT_EQ(Count(svg, "stroke=\"#d0202e\""), 1U);
 }
 
 TEST_F(SvgPictures, AWay) {
