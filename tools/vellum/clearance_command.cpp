@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "clearance_command.h"
 
-#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -9,6 +8,7 @@
 
 #include "canvas.h"
 #include "clearance_picture.h"
+#include "command_line.h"
 #include "feature_clearance.h"
 #include "geojson_reader.h"
 #include "picture.h"
@@ -76,19 +76,19 @@ std::string FindClearance(const ClearanceArguments& arguments) {
 
 }  // namespace
 
-void AddClearanceCommand(CLI::App& app) {
-    CLI::App* verb = app.add_subcommand("clearance", "Find where two features of a GeoJSON file come closest");
+void AddClearanceCommand(CommandLine& line) {
+    Verb verb = line.AddVerb("clearance", "Find where two features of a GeoJSON file come closest");
     const auto arguments = std::make_shared<ClearanceArguments>();
-    verb->add_option("FILE", arguments->input, "The GeoJSON file")->required();
-    verb->add_option("--a", arguments->a, "The one feature: its index, counted from 0, or its name")
-        ->required()
-        ->type_name("SELECTOR");
-    verb->add_option("--b", arguments->b, "The other feature")->required()->type_name("SELECTOR");
-    verb->add_option("-o,--output", arguments->output, "A picture of it: a " + PictureExtensions() + " file")
-        ->type_name("OUT");
-    arguments->view.AddTo(*verb, "the two parts that come closest");
-    verb->footer(kFormat);
-    verb->callback([arguments] {
+    verb.Text("FILE", arguments->input, "The GeoJSON file").Required();
+    verb.Text("--a", arguments->a, "The one feature: its index, counted from 0, or its name")
+        .Required()
+        .Placeholder("SELECTOR");
+    verb.Text("--b", arguments->b, "The other feature").Required().Placeholder("SELECTOR");
+    verb.Text("-o,--output", arguments->output, "A picture of it: a " + PictureExtensions() + " file")
+        .Placeholder("OUT");
+    arguments->view.AddTo(verb, "the two parts that come closest");
+    verb.Footer(kFormat);
+    verb.Action([arguments] {
         std::cout << FindClearance(*arguments);
         FinishOutput();
     });

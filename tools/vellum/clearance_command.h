@@ -2,14 +2,12 @@
 #ifndef VELLUM_TOOL_CLEARANCE_COMMAND_H
 #define VELLUM_TOOL_CLEARANCE_COMMAND_H
 
-namespace CLI {
-class App;
-}
-
 namespace tool {
 
+class CommandLine;
+
 /// Adds the verb `clearance`: where two features of a map come closest to one another.
-void AddClearanceCommand(CLI::App& app);
+void AddClearanceCommand(CommandLine& line);
 
 }  // namespace tool
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "draw_command.h"
 
-#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "canvas.h"
+#include "command_line.h"
 #include "geojson_reader.h"
 #include "map_painting.h"
 #include "picture.h"
@@ -97,17 +97,17 @@ void Draw(const DrawArguments& arguments) {
 
 }  // namespace
 
-void AddDrawCommand(CLI::App& app) {
-    CLI::App* verb = app.add_subcommand("draw", "Draw a GeoJSON file as a picture");
+void AddDrawCommand(CommandLine& line) {
+    Verb verb = line.AddVerb("draw", "Draw a GeoJSON file as a picture");
     const auto arguments = std::make_shared<DrawArguments>();
-    verb->add_option("FILE", arguments->input, "The GeoJSON file")->required();
-    verb->add_option("-o,--output", arguments->output, "The picture: a " + PictureExtensions() + " file")
-        ->required()
-        ->type_name("OUT");
-    arguments->view.AddTo(*verb, "the whole drawing");
-    verb->add_flag("--stats", arguments->statistics, "Print what was read, clipped and drawn, and the time it took");
-    verb->add_flag("--no-clip", arguments->noClip, "Hand everything to the renderer, also what lies outside the view");
-    verb->callback([arguments] { Draw(*arguments); });
+    verb.Text("FILE", arguments->input, "The GeoJSON file").Required();
+    verb.Text("-o,--output", arguments->output, "The picture: a " + PictureExtensions() + " file")
+        .Required()
+        .Placeholder("OUT");
+    arguments->view.AddTo(verb, "the whole drawing");
+    verb.Flag("--stats", arguments->statistics, "Print what was read, clipped and drawn, and the time it took");
+    verb.Flag("--no-clip", arguments->noClip, "Hand everything to the renderer, also what lies outside the view");
+    verb.Action([arguments] { Draw(*arguments); });
 }
 
 }  // namespace tool

@@ -2,14 +2,12 @@
 #ifndef VELLUM_TOOL_DRAW_COMMAND_H
 #define VELLUM_TOOL_DRAW_COMMAND_H
 
-namespace CLI {
-class App;
-}
-
 namespace tool {
 
+class CommandLine;
+
 /// Adds the verb `draw`: a map or drawing becomes a picture.
-void AddDrawCommand(CLI::App& app);
+void AddDrawCommand(CommandLine& line);
 
 }  // namespace tool
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "fonts_command.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
 #include <memory>
@@ -9,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "command_line.h"
 #include "error.h"
 #include "standard_output.h"
 #include "table.h"
@@ -126,14 +126,14 @@ void PrintFonts(const FontsArguments& arguments, bool ofOneFace) {
 
 }  // namespace
 
-void AddFontsCommand(CLI::App& app) {
-    CLI::App* verb = app.add_subcommand("fonts", "List the faces of the installed fonts, or the styles of one");
+void AddFontsCommand(CommandLine& line) {
+    Verb verb = line.AddVerb("fonts", "List the faces of the installed fonts, or the styles of one");
     const auto arguments = std::make_shared<FontsArguments>();
-    const CLI::Option* styles =
-        verb->add_option("--styles", arguments->face, "List the styles of this face instead")->type_name("FACE");
-    verb->add_flag("--json", arguments->json, "Print one JSON document instead");
-    verb->footer(kFormat);
-    verb->callback([arguments, styles] { PrintFonts(*arguments, styles->count() > 0); });
+    const Option styles =
+        verb.Text("--styles", arguments->face, "List the styles of this face instead").Placeholder("FACE");
+    verb.Flag("--json", arguments->json, "Print one JSON document instead");
+    verb.Footer(kFormat);
+    verb.Action([arguments, styles] { PrintFonts(*arguments, styles.IsGiven()); });
 }
 
 }  // namespace tool

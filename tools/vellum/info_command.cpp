@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "info_command.h"
 
-#include <CLI/CLI.hpp>
 #include <array>
 #include <iostream>
 #include <memory>
@@ -11,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "command_line.h"
 #include "geojson_reader.h"
 #include "measures.h"
 #include "progress.h"
@@ -160,13 +160,13 @@ void PrintInfo(const InfoArguments& arguments) {
 
 }  // namespace
 
-void AddInfoCommand(CLI::App& app) {
-    CLI::App* verb = app.add_subcommand("info", "List the features of a GeoJSON file with their measures");
+void AddInfoCommand(CommandLine& line) {
+    Verb verb = line.AddVerb("info", "List the features of a GeoJSON file with their measures");
     const auto arguments = std::make_shared<InfoArguments>();
-    verb->add_option("FILE", arguments->input, "The GeoJSON file")->required();
-    verb->add_flag("--json", arguments->json, "Print one JSON document instead of a table");
-    verb->footer(kFormat);
-    verb->callback([arguments] { PrintInfo(*arguments); });
+    verb.Text("FILE", arguments->input, "The GeoJSON file").Required();
+    verb.Flag("--json", arguments->json, "Print one JSON document instead of a table");
+    verb.Footer(kFormat);
+    verb.Action([arguments] { PrintInfo(*arguments); });
 }
 
 }  // namespace tool

@@ -2,14 +2,12 @@
 #ifndef VELLUM_TOOL_INFO_COMMAND_H
 #define VELLUM_TOOL_INFO_COMMAND_H
 
-namespace CLI {
-class App;
-}
-
 namespace tool {
 
+class CommandLine;
+
 /// Adds the verb `info`: what a map holds, feature by feature.
-void AddInfoCommand(CLI::App& app);
+void AddInfoCommand(CommandLine& line);
 
 }  // namespace tool
 

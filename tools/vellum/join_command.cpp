@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "join_command.h"
 
-#include <CLI/CLI.hpp>
 #include <cstddef>
 #include <iostream>
 #include <memory>
@@ -12,6 +11,7 @@
 
 #include "arguments.h"
 #include "canvas.h"
+#include "command_line.h"
 #include "feature_properties.h"
 #include "geojson_reader.h"
 #include "geojson_writer.h"
@@ -110,21 +110,20 @@ std::string Join(const JoinArguments& arguments) {
 
 }  // namespace
 
-void AddJoinCommand(CLI::App& app) {
-    CLI::App* verb = app.add_subcommand("join", "Join the lines of a GeoJSON file into a network");
+void AddJoinCommand(CommandLine& line) {
+    Verb verb = line.AddVerb("join", "Join the lines of a GeoJSON file into a network");
     const auto arguments = std::make_shared<JoinArguments>();
-    verb->add_option("FILE", arguments->input, "The GeoJSON file")->required();
-    verb->add_option("--tol", arguments->tolerance, "The widest gap that is joined")->required()->type_name("T");
-    verb->add_option("--layer-by", arguments->layerBy, "Join only features that have the same value for this property")
-        ->type_name("PROPERTY");
-    verb->add_option("-o,--output", arguments->output,
-                     "The result: a .geojson file, or a " + PictureExtensions() + " picture")
-        ->required()
-        ->type_name("OUT");
-    verb->add_option("--map", arguments->map, "A GeoJSON file to draw under the lines of a picture")->type_name("FILE");
-    arguments->view.AddTo(*verb, "all lines");
-    verb->footer(kFormat);
-    verb->callback([arguments] {
+    verb.Text("FILE", arguments->input, "The GeoJSON file").Required();
+    verb.Text("--tol", arguments->tolerance, "The widest gap that is joined").Required().Placeholder("T");
+    verb.Text("--layer-by", arguments->layerBy, "Join only features that have the same value for this property")
+        .Placeholder("PROPERTY");
+    verb.Text("-o,--output", arguments->output, "The result: a .geojson file, or a " + PictureExtensions() + " picture")
+        .Required()
+        .Placeholder("OUT");
+    verb.Text("--map", arguments->map, "A GeoJSON file to draw under the lines of a picture").Placeholder("FILE");
+    arguments->view.AddTo(verb, "all lines");
+    verb.Footer(kFormat);
+    verb.Action([arguments] {
         std::cout << Join(*arguments);
         FinishOutput();
     });

@@ -2,14 +2,12 @@
 #ifndef VELLUM_TOOL_JOIN_COMMAND_H
 #define VELLUM_TOOL_JOIN_COMMAND_H
 
-namespace CLI {
-class App;
-}
-
 namespace tool {
 
+class CommandLine;
+
 /// Adds the verb `join`: lines become a network.
-void AddJoinCommand(CLI::App& app);
+void AddJoinCommand(CommandLine& line);
 
 }  // namespace tool
 

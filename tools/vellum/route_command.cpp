@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "route_command.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
 #include <iterator>
@@ -14,6 +13,7 @@
 
 #include "arguments.h"
 #include "canvas.h"
+#include "command_line.h"
 #include "error.h"
 #include "geojson_reader.h"
 #include "geojson_writer.h"
@@ -147,30 +147,28 @@ std::string FindWay(const RouteArguments& arguments) {
 
 }  // namespace
 
-void AddRouteCommand(CLI::App& app) {
-    CLI::App* verb = app.add_subcommand("route", "Find the way between two points along the lines of a GeoJSON file");
+void AddRouteCommand(CommandLine& line) {
+    Verb verb = line.AddVerb("route", "Find the way between two points along the lines of a GeoJSON file");
     const auto arguments = std::make_shared<RouteArguments>();
-    verb->add_option("FILE", arguments->input, "The GeoJSON file")->required();
-    verb->add_option("--from", arguments->from, "Where the way begins: at the vertex nearest to this point")
-        ->required()
-        ->type_name("X,Y");
-    verb->add_option("--to", arguments->to, "Where it ends")->required()->type_name("X,Y");
-    verb->add_option("--join", arguments->tolerance, "First join the lines as vellum join does, with gaps of T at most")
-        ->type_name("T");
+    verb.Text("FILE", arguments->input, "The GeoJSON file").Required();
+    verb.Text("--from", arguments->from, "Where the way begins: at the vertex nearest to this point")
+        .Required()
+        .Placeholder("X,Y");
+    verb.Text("--to", arguments->to, "Where it ends").Required().Placeholder("X,Y");
+    verb.Text("--join", arguments->tolerance, "First join the lines as vellum join does, with gaps of T at most")
+        .Placeholder("T");
     const std::string formats = "a .geojson file, or a " + PictureExtensions() + " picture with the network";
-    CLI::Option* output = verb->add_option("-o,--output", arguments->output, "The way: " + formats)->type_name("OUT");
-    verb->add_option("--map", arguments->map, "A GeoJSON file to draw under the network in a picture")
-        ->type_name("FILE")
-        ->needs(output);
-    verb->add_option("--from-name", arguments->names.from, "What the picture calls the beginning")
-        ->type_name("TEXT")
-        ->capture_default_str();
-    verb->add_option("--to-name", arguments->names.to, "What the picture calls the end")
-        ->type_name("TEXT")
-        ->capture_default_str();
-    arguments->view.AddTo(*verb, "the way");
-    verb->footer(kFormat);
-    verb->callback([arguments] {
+    Option output = verb.Text("-o,--output", arguments->output, "The way: " + formats).Placeholder("OUT");
+    verb.Text("--map", arguments->map, "A GeoJSON file to draw under the network in a picture")
+        .Placeholder("FILE")
+        .Needs(output);
+    verb.Text("--from-name", arguments->names.from, "What the picture calls the beginning")
+        .Placeholder("TEXT")
+        .ShowDefault();
+    verb.Text("--to-name", arguments->names.to, "What the picture calls the end").Placeholder("TEXT").ShowDefault();
+    arguments->view.AddTo(verb, "the way");
+    verb.Footer(kFormat);
+    verb.Action([arguments] {
         std::cout << FindWay(*arguments);
         FinishOutput();
     });

@@ -2,14 +2,12 @@
 #ifndef VELLUM_TOOL_ROUTE_COMMAND_H
 #define VELLUM_TOOL_ROUTE_COMMAND_H
 
-namespace CLI {
-class App;
-}
-
 namespace tool {
 
+class CommandLine;
+
 /// Adds the verb `route`: the way between two points of a network.
-void AddRouteCommand(CLI::App& app);
+void AddRouteCommand(CommandLine& line);
 
 }  // namespace tool
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "sheet_command.h"
 
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
 #include <utility>
@@ -9,6 +8,7 @@
 #include "arguments.h"
 #include "canvas.h"
 #include "clearance_picture.h"
+#include "command_line.h"
 #include "feature_clearance.h"
 #include "geojson_reader.h"
 #include "picture.h"
@@ -84,24 +84,21 @@ void DrawSheet(const SheetArguments& arguments) {
 
 }  // namespace
 
-void AddSheetCommand(CLI::App& app) {
-    CLI::App* verb = app.add_subcommand("sheet", "Draw every shape of the library with its extents and its hit tests");
+void AddSheetCommand(CommandLine& line) {
+    Verb verb = line.AddVerb("sheet", "Draw every shape of the library with its extents and its hit tests");
     const auto arguments = std::make_shared<SheetArguments>();
-    verb->add_option("-o,--output", arguments->output, "The picture: a " + PictureExtensions() + " file")
-        ->required()
-        ->type_name("OUT");
-    CLI::Option* map =
-        verb->add_option("--map", arguments->map, "A GeoJSON file for the clearance (default: two islands)")
-            ->type_name("FILE");
-    CLI::Option* a = verb->add_option("--a", arguments->a, "The one feature: its index, counted from 0, or its name")
-                         ->type_name("SELECTOR")
-                         ->needs(map);
-    CLI::Option* b = verb->add_option("--b", arguments->b, "The other feature")->type_name("SELECTOR")->needs(map);
-    map->needs(a)->needs(b);
-    verb->add_option("--size", arguments->size, "The picture's size in pixels")
-        ->type_name("WxH")
-        ->capture_default_str();
-    verb->callback([arguments] { DrawSheet(*arguments); });
+    verb.Text("-o,--output", arguments->output, "The picture: a " + PictureExtensions() + " file")
+        .Required()
+        .Placeholder("OUT");
+    Option map = verb.Text("--map", arguments->map, "A GeoJSON file for the clearance (default: two islands)")
+                     .Placeholder("FILE");
+    Option a = verb.Text("--a", arguments->a, "The one feature: its index, counted from 0, or its name")
+                   .Placeholder("SELECTOR")
+                   .Needs(map);
+    Option b = verb.Text("--b", arguments->b, "The other feature").Placeholder("SELECTOR").Needs(map);
+    map.Needs(a).Needs(b);
+    verb.Text("--size", arguments->size, "The picture's size in pixels").Placeholder("WxH").ShowDefault();
+    verb.Action([arguments] { DrawSheet(*arguments); });
 }
 
 }  // namespace tool

@@ -2,14 +2,12 @@
 #ifndef VELLUM_TOOL_SHEET_COMMAND_H
 #define VELLUM_TOOL_SHEET_COMMAND_H
 
-namespace CLI {
-class App;
-}
-
 namespace tool {
 
+class CommandLine;
+
 /// Adds the verb `sheet`: a picture of every shape of the library.
-void AddSheetCommand(CLI::App& app);
+void AddSheetCommand(CommandLine& line);
 
 }  // namespace tool
 

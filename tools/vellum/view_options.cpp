@@ -1,23 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "view_options.h"
 
-#include <CLI/CLI.hpp>
-
 #include "arguments.h"
+#include "command_line.h"
 
 namespace tool {
 
-void ViewOptions::AddTo(CLI::App& verb, const std::string& subject) {
-    verb.add_option("--center", center_, "The view's centre in model units (default: that of " + subject + ")")
-        ->type_name("X,Y");
-    verb.add_option("--width", width_, "The view's width in model units (default: " + subject + " with a margin)")
-        ->type_name("W");
-    verb.add_option("--rotate", rotation_, "Turn the view counter-clockwise about its centre")
-        ->type_name("DEGREES")
-        ->capture_default_str();
-    verb.add_option("--size", size_, "The picture's size in pixels; its shape gives the view's height")
-        ->type_name("WxH")
-        ->capture_default_str();
+void ViewOptions::AddTo(Verb& verb, const std::string& subject) {
+    verb.Text("--center", center_, "The view's centre in model units (default: that of " + subject + ")")
+        .Placeholder("X,Y");
+    verb.Text("--width", width_, "The view's width in model units (default: " + subject + " with a margin)")
+        .Placeholder("W");
+    verb.Text("--rotate", rotation_, "Turn the view counter-clockwise about its centre")
+        .Placeholder("DEGREES")
+        .ShowDefault();
+    verb.Text("--size", size_, "The picture's size in pixels; its shape gives the view's height")
+        .Placeholder("WxH")
+        .ShowDefault();
 }
 
 ViewRequest ViewOptions::Request() const {

@@ -6,18 +6,16 @@
 
 #include "view.h"
 
-namespace CLI {
-class App;
-}
-
 namespace tool {
+
+class Verb;
 
 /// The options by which the user says what part of a drawing a picture shows. They must outlive the verb that they are
 /// added to.
 class ViewOptions {
 public:
     /// @p subject is what a view that is not asked for shows, in words.
-    void AddTo(CLI::App& verb, const std::string& subject);
+    void AddTo(Verb& verb, const std::string& subject);
 
     /// What the command line says. Each throws `Error`, naming the option, where that cannot be read.
     ViewRequest Request() const;
