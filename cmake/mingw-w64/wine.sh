@@ -31,7 +31,7 @@ case $2 in
         wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1
         wine explorer.exe /desktop >/dev/null 2>&1 &
         # It is there once something has asked for it.
-        wine rundll32 user32.dll,MessageBeep >/dev/null 2>&1
+        timeout 60 wine rundll32 user32.dll,MessageBeep >/dev/null 2>&1 || true
         ;;
     stop) wineserver --kill ;;
 esac
