@@ -123,7 +123,8 @@ public:
     /// listing. On Windows each scan that looks for registered fonts takes a device context of the screen, which is
     /// never released.
     bool InitFaceList();
-    /// The font folder's files, a null-ended array for `FreeFontFileList`; null where there is none or no memory for it.
+    /// The font folder's files, a null-ended array for `FreeFontFileList`; null where there is none or no memory for
+    /// it.
     char** GetFontFileList();
     /// Releases a list of paths and sets it to null.
     void FreeFontFileList(char*** list);
@@ -137,9 +138,9 @@ public:
     int GetFontLocaleFlag();
     /// The name @p nameId (1 family, 2 style) of @p face among the Unicode names of the Microsoft platform, UTF-16
     /// little-endian and two zero bytes: a new[] block of @p length bytes, which the caller releases with delete[].
-    /// Null, with @p length 0, where there is none that is not empty. On Windows the DLL holds a C++ runtime of its own:
-    /// there delete[] is right only in hosts that have the same C runtime as the DLL and no operator delete of their
-    /// own; others keep the block. Lists are always released by the functions that the catalogue has for them.
+    /// Null, with @p length 0, where there is none that is not empty. On Windows the DLL holds a C++ runtime of its
+    /// own: there delete[] is right only in hosts that have the same C runtime as the DLL and no operator delete of
+    /// their own; others keep the block. Lists are always released by the functions that the catalogue has for them.
     ///
     /// @p language is compared with the whole language identifier of the name, so with a primary language alone, as
     /// `GetFontLocaleFlag` gives it, names of a country's language (0x0411 for Japanese in Japan) are not found. A

@@ -16,6 +16,7 @@ std::atomic<int> count = 0;
 }  // namespace
 
 // The program's definition comes before the C library's, for the library too.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): the C library's names are reserved
 extern "C" DIR* opendir(const char* path) {
     if (counted) {
         ++count;

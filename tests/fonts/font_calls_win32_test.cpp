@@ -87,18 +87,16 @@ protected:
     Machine machine;
 };
 
-class NamedShellFolder : public ShellFolder, public testing::WithParamInterface<HRESULT> {};
-
-TEST_P(NamedShellFolder, IsTheFontFolderWhateverTheResult) {
+TEST_F(ShellFolder, IsTheFontFolderWhateverTheResult) {
     machine.Install("plain.ttf", "a.ttf");
-    machine.Copy("plain.ttf", machine.Path("other\\b.ttf"));
-    shell = {GetParam(), machine.Path("other"), {}};
+    const std::string other = machine.Copy("plain.ttf", machine.Path("other\\b.ttf"));
     const ImportPatch patch("GetProcAddress", FindInShell);
-    EXPECT_EQ(FolderFiles(*fonts, ""), Names({machine.Path("other\\b.ttf")}));
-    EXPECT_EQ(shell.folders, std::vector<int>({20}));
+    for (const HRESULT result : {S_OK, S_FALSE, E_FAIL}) {
+        shell = {result, machine.Path("other"), {}};
+        EXPECT_EQ(FolderFiles(*fonts, ""), Names({other}));
+        EXPECT_EQ(shell.folders, std::vector<int>({20}));
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(ShellFolder, NamedShellFolder, testing::Values(S_OK, S_FALSE, E_FAIL));
 
 // What a system directory, and what is said of its length, make the patterns of the searches.
 Names PatternsBeside(Vellum::Fonts& fonts, const std::string& path, UINT length) {
@@ -197,8 +195,9 @@ TEST_F(RegistryVersion, IsAskedForAsWindowsXp) {
     EXPECT_EQ(versionTest.least.dwMinorVersion, 1u);
     EXPECT_EQ(versionTest.least.wServicePackMajor, 0u);
     EXPECT_EQ(versionTest.parts, DWORD{VER_MAJORVERSION | VER_MINORVERSION | VER_SERVICEPACKMAJOR});
+    const std::vector<DWORD> parts = {VER_MAJORVERSION, VER_MINORVERSION, VER_SERVICEPACKMAJOR};
     DWORDLONG conditions = 0;
-    for (const DWORD part : {VER_MAJORVERSION, VER_MINORVERSION, VER_SERVICEPACKMAJOR})
+    for (const DWORD part : parts)
         conditions = VerSetConditionMask(conditions, part, VER_GREATER_EQUAL);
     EXPECT_EQ(versionTest.conditions, conditions);
 }
