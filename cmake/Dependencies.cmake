@@ -3,7 +3,7 @@
 find_package(Freetype REQUIRED GLOBAL)
 set(vellum_dependencies Freetype::Freetype)
 if(WIN32)
-    # Knows which fonts the registry lists.
+    # Names the font families. What the registry lists for them takes advapi32, which is linked anyway.
     list(APPEND vellum_dependencies gdi32)
 else()
     find_package(Fontconfig REQUIRED GLOBAL)

@@ -25,8 +25,9 @@ case $2 in
     start)
         # The server of a run that was interrupted would not let another one start.
         wineserver --kill || true
-        wineserver --persistent
-        wine wineboot --init 2>/dev/null
+        # What Wine keeps running must not keep open what a pipe waits for.
+        wineserver --persistent >/dev/null 2>&1
+        wine wineboot --init >/dev/null 2>&1
         # The desktop, on no screen: otherwise programs that ask for it wait ten seconds for one to come up.
         wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1
         wine explorer.exe /desktop >/dev/null 2>&1 &

@@ -15,25 +15,31 @@
 /// @endcode
 ///
 /// Where fonts are looked for, in this order:
-/// - The font folder. On Windows the shell's fonts folder, the files `*.tt?` in the order in which the system finds
-///   them. Elsewhere the directory `fonts` below each entry of `XDG_DATA_DIRS` (/usr/local/share:/usr/share where that
-///   is empty or not set; entries that are not absolute are ignored), in that order, with all subdirectories; the
-///   regular files that match `*.tt?` in any letter case, in ascending byte-wise order of their paths within an entry.
-///   Symbolic links are followed; a directory that several paths lead to is searched once, under the one that comes
-///   first when each directory is searched to its depths before the next, in the order of their names. At most 1,200
-///   files.
-/// - The registered fonts. On Windows those that the registry lists with a full path, once for every character set that
-///   the system enumerates the family for. Elsewhere fontconfig's scalable fonts of format TrueType that lie outside
-///   the font folder, each path once, in ascending byte-wise order; where there is no usable configuration, those in
-///   the directories that fontconfig falls back to. A file lies in the font folder where its path, as it is or with
-///   all links resolved, is below one of the folder's directories, as it is or resolved. So a file outside that a link
-///   in the folder leads to is a registered font too, under its own path. At most 100 files.
+/// - The font folder. On Windows the folder that the shell names, or `Fonts` beside the system directory where it
+///   names none; every entry `*.tt?`, a directory of such a name too, in the order in which the system finds them,
+///   without subdirectories. Elsewhere the directory `fonts` below each entry of `XDG_DATA_DIRS`
+///   (/usr/local/share:/usr/share where that is empty or not set; entries that are not absolute are ignored), in that
+///   order, with all subdirectories; the regular files that match `*.tt?` in any letter case, in ascending byte-wise
+///   order of their paths within an entry. Symbolic links are followed; a directory that several paths lead to is
+///   searched once, under the one that comes first when each directory is searched to its depths before the next, in
+///   the order of their names. At most 1,200 files.
+/// - The registered fonts. On Windows the system enumerates the TrueType families, each once for every character set,
+///   and each time the file counts that the registry's value `<family> (TrueType)` names, if ':' is its second
+///   character and it takes at most 200 bytes. Elsewhere fontconfig's scalable fonts of format TrueType that lie
+///   outside the font folder, each path once, in ascending byte-wise order; where there is no usable configuration,
+///   those in the directories that fontconfig falls back to. A file lies in the font folder where its path, as it is
+///   or with all links resolved, is below one of the folder's directories, as it is or resolved. So a file outside
+///   that a link in the folder leads to is a registered font too, under its own path. At most 100 paths, repetitions
+///   included.
 ///
 /// Where the font folder holds no file the registered fonts are not looked for either: there is no catalogue then.
 ///
+/// On Windows paths are in the process's ANSI code page.
+///
 /// Threads: only the creation in `getInstance` is safe against concurrent callers. Scans and queries are not locked; a
-/// host makes them on one thread at a time. The lists handed out may be used anywhere. The C library's `getenv` and the
-/// locale's `tolower` are used, which a host must not change meanwhile.
+/// host makes them on one thread at a time. The lists handed out may be used anywhere. The C library's `getenv` and
+/// the locale's `tolower` are used, which a host must not change meanwhile. On Windows `getenv` reads the C runtime's
+/// copy of the environment: what SetEnvironmentVariable sets after the start of the process is not seen.
 ///
 /// No exception leaves, and the library prints no message; fontconfig may complain of its configuration and its cache
 /// on standard error. Font files are not trusted: one that is damaged adds no records, or none beyond the faces before
@@ -71,11 +77,11 @@ struct FontFaceRec {
 /// The catalogue. Hosts use the one that `getInstance` gives; an object of their own, which takes 417 KiB, shares
 /// FreeType and its failure mark with it.
 ///
-/// How it starts, which hosts see in the fields: making the catalogue scans before FreeType is there, so nothing can be
-/// opened and there are no records. The first query, or `InitializeFreeType`, starts FreeType and scans again. Where
-/// FreeType cannot be started, or that scan finds no face, a mark is set for the life of the process: whatever is
-/// installed later, every query of every object answers with nothing. Later queries read the records alone; no file is
-/// touched.
+/// How it starts, which hosts see in the fields: making the catalogue scans before FreeType is there, so nothing can
+/// be opened and there are no records. That scan only lists the font folder and looks for no registered fonts. The
+/// first query, or `InitializeFreeType`, starts FreeType and scans again. Where FreeType cannot be started, or that
+/// scan finds no face, a mark is set for the life of the process: whatever is installed later, every query of every
+/// object answers with nothing. Later queries read the records alone; no file is touched.
 ///
 /// Where memory runs out a scan keeps what it has: a face that there was no memory for is left out with those behind it
 /// in its file, a localized name that there was none for is null with length 0, and the files that could not be listed
@@ -113,9 +119,12 @@ public:
     bool InitializeFreeType();
     /// The scan. It replaces all records, without releasing the strings of those there were, and fills the classes of
     /// styles. A file found both in the font folder and among the registered fonts gets records twice. False, with no
-    /// records and the classes left as they were, where the font folder holds no file.
+    /// records and the classes left as they were, where the font folder holds no file or no memory is left for the
+    /// listing. On Windows each scan that looks for registered fonts takes a device context of the screen, which is
+    /// never released.
     bool InitFaceList();
-    /// The font folder's files, a null-ended array for `FreeFontFileList`; null where there is none.
+    /// The font folder's files, a null-ended array for `FreeFontFileList`; null where there is none or no memory for
+    /// it.
     char** GetFontFileList();
     /// Releases a list of paths and sets it to null.
     void FreeFontFileList(char*** list);
@@ -129,12 +138,14 @@ public:
     int GetFontLocaleFlag();
     /// The name @p nameId (1 family, 2 style) of @p face among the Unicode names of the Microsoft platform, UTF-16
     /// little-endian and two zero bytes: a new[] block of @p length bytes, which the caller releases with delete[].
-    /// Null, with @p length 0, where there is none that is not empty.
+    /// Null, with @p length 0, where there is none that is not empty. On Windows the DLL holds a C++ runtime of its
+    /// own: there delete[] is right only in hosts that have the same C runtime as the DLL and no operator delete of
+    /// their own; others keep the block. Lists are always released by the functions that the catalogue has for them.
     ///
     /// @p language is compared with the whole language identifier of the name, so with a primary language alone, as
-    /// `GetFontLocaleFlag` gives it, names of a country's language (0x0411 for Japanese in Japan) are not found; hosts
-    /// have stored lists made so. They may pass such an identifier themselves. A name of an odd number of bytes keeps
-    /// its length, with 0 in the place of the last byte.
+    /// `GetFontLocaleFlag` gives it, names of a country's language (0x0411 for Japanese in Japan) are not found. A
+    /// host may pass such an identifier itself. A name of an odd number of bytes keeps its length, with 0 in the place
+    /// of the last byte.
     char* GetUnicodeForLanguageLite(FT_FaceRec_* face, int language, int nameId, int* length);
     /// Fills the four classes of styles from the records: bold by the style flag or by the word "bold" in the family's
     /// or the style's name, italic by the flag or by "italic" or "oblique" there, in any letter case.

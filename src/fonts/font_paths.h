@@ -20,11 +20,6 @@ public:
     /// There must be room.
     void Add(OwnedText path) { paths_[count_++] = std::move(path); }
 
-    void Clear() {
-        paths_ = {};
-        count_ = 0;
-    }
-
     const OwnedText* begin() const { return paths_.data(); }
     const OwnedText* end() const { return paths_.data() + count_; }
 

@@ -13,8 +13,7 @@ using RegisteredFonts = FontPaths<100>;
 /// Adds the files of the font folder. Where memory runs out the listing ends.
 void FindFolderFonts(FolderFonts& found);
 
-/// Adds the files that the platform keeps a record of and that are installed outside the font folder. Where memory runs
-/// out some are missing.
+/// Adds the files that the platform keeps a record of, with full paths. Where memory runs out some are missing.
 void FindRegisteredFonts(RegisteredFonts& found);
 
 }  // namespace Vellum::internal

@@ -33,14 +33,15 @@ struct SearchCloser {
 using Library = std::unique_ptr<std::remove_pointer_t<HMODULE>, LibraryCloser>;
 using Search = std::unique_ptr<std::remove_pointer_t<HANDLE>, SearchCloser>;
 
-// Leaves the path empty where the shell does not tell.
+// Leaves the path empty where the shell does not tell. The path tells, not the result: at a failure it stays empty.
 void AskShell(HMODULE shell, FolderPath& folder) {
     using GetFolderPath = HRESULT(WINAPI*)(HWND, int, HANDLE, DWORD, LPSTR);
     if (shell == nullptr) return;
+    // What GetProcAddress gives is of no particular type; by way of void*, compilers do not take the change for a slip.
     const auto getFolderPath =
         reinterpret_cast<GetFolderPath>(reinterpret_cast<void*>(GetProcAddress(shell, "SHGetFolderPathA")));
     if (getFolderPath == nullptr) return;
-    if (FAILED(getFolderPath(nullptr, kFontsFolder, nullptr, 0, folder))) *folder = '\0';
+    getFolderPath(nullptr, kFontsFolder, nullptr, 0, folder);
 }
 
 // The folder beside the system directory.
@@ -95,8 +96,9 @@ const char* FontsKey() {
 OwnedText RegisteredValue(const char* family) {
     HKEY key = nullptr;
     if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, FontsKey(), 0, KEY_READ, &key) != ERROR_SUCCESS) return nullptr;
-    char name[LF_FULLFACESIZE + sizeof kTrueTypeSuffix];
-    std::snprintf(name, sizeof name, "%s%s", family, kTrueTypeSuffix);
+    // A name that fills its field has no terminator.
+    char name[LF_FACESIZE + sizeof kTrueTypeSuffix];
+    std::snprintf(name, sizeof name, "%.*s%s", LF_FACESIZE, family, kTrueTypeSuffix);
     // A value may lack its terminator.
     OwnedText value(new (std::nothrow) char[kValueSize + 1]());
     DWORD size = kValueSize;
@@ -112,7 +114,7 @@ int CALLBACK AddRegistered(const LOGFONTA* font, const TEXTMETRICA*, DWORD fontT
     auto& found = *reinterpret_cast<RegisteredFonts*>(context);
     if ((fontType & TRUETYPE_FONTTYPE) == 0 || found.IsFull()) return kGoOn;
     OwnedText path = RegisteredValue(font->lfFaceName);
-    if (path && path[0] != '\0' && path[1] == ':') found.Add(std::move(path));
+    if (path && path[1] == ':') found.Add(std::move(path));
     return kGoOn;
 }
 
@@ -129,7 +131,7 @@ void FindFolderFonts(FolderFonts& found) {
 void FindRegisteredFonts(RegisteredFonts& found) {
     LOGFONTA everyFamily = {};
     everyFamily.lfCharSet = DEFAULT_CHARSET;
-    // The screen's device context stays with the process, which scans once or twice.
+    // As hosts are told, the screen's device context is never released: one stays for each scan.
     EnumFontFamiliesExA(GetDC(nullptr), &everyFamily, AddRegistered, reinterpret_cast<LPARAM>(&found), 0);
 }
 

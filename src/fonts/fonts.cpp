@@ -16,9 +16,6 @@ namespace {
 // Of all catalogues of the process, and never cleared: what failed once fails for good, without another scan.
 bool failed = false;
 
-// The last scan's.
-internal::RegisteredFonts registeredFonts;
-
 void Free(char** list) {
     for (char** path = list; *path != nullptr; ++path)
         delete[] * path;
@@ -56,7 +53,7 @@ bool Fonts::InitFaceList() {
 
     // Without FreeType none of the files could be opened.
     if (internal::HasFreeType()) {
-        registeredFonts.Clear();
+        internal::RegisteredFonts registeredFonts;
         internal::FindRegisteredFonts(registeredFonts);
         int index = 0;
         for (char** path = folderFonts; *path != nullptr; ++path)

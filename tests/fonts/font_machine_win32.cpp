@@ -61,9 +61,11 @@ std::string Machine::Register(const std::string& font, const std::string& as) co
 
 void Machine::RemoveFonts() const {
     UnregisterFonts();
-    for (const auto& entry : fs::directory_iterator(Folder()))
-        fs::remove_all(entry.path());
-    if (!root_.empty()) fs::remove_all(Elsewhere());
+    // The destructor does this too. A font that stays shows in the next test.
+    std::error_code ignored;
+    for (fs::directory_iterator entry(Folder(), ignored); entry != fs::directory_iterator(); entry.increment(ignored))
+        fs::remove_all(entry->path(), ignored);
+    if (!root_.empty()) fs::remove_all(Elsewhere(), ignored);
 }
 
 void SetVariable(const char* name, const std::string& value) { _putenv_s(name, value.c_str()); }

@@ -2,6 +2,7 @@
 #include "fonts/font_registry_win32.h"
 
 #define WIN32_LEAN_AND_MEAN
+#include <gtest/gtest.h>
 #include <windows.h>
 
 #include <cstdio>
@@ -17,7 +18,6 @@ namespace fonts_test {
 
 namespace {
 
-constexpr char kFontsKey[] = "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\Fonts";
 constexpr std::string_view kFamilies = "Vellum Windows ";
 
 struct KeyCloser {
@@ -26,10 +26,11 @@ struct KeyCloser {
 
 using Key = std::unique_ptr<std::remove_pointer_t<HKEY>, KeyCloser>;
 
-Key FontsKey() {
+Key OpenKey(const char* name) {
     HKEY key = nullptr;
-    if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, kFontsKey, 0, KEY_READ | KEY_WRITE, &key) != ERROR_SUCCESS)
-        throw std::runtime_error("no key of fonts");
+    const DWORD access = KEY_READ | KEY_WRITE;
+    if (RegCreateKeyExA(HKEY_LOCAL_MACHINE, name, 0, nullptr, 0, access, nullptr, &key, nullptr) != ERROR_SUCCESS)
+        return nullptr;
     return Key(key);
 }
 
@@ -66,15 +67,31 @@ std::string AddFamily(const Machine& machine, const std::string& font) {
 
 void RegisterFont(const std::string& family, const std::string& file) { WriteFontValue(family + " (TrueType)", file); }
 
-void WriteFontValue(const std::string& name, const std::string& text) {
-    RegSetValueExA(FontsKey().get(), name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
-                   static_cast<DWORD>(text.size() + 1));
+void WriteFontValue(const std::string& name, const std::string& text) { WriteFontBytes(name, REG_SZ, text + '\0'); }
+
+void WriteFontBytes(const std::string& name, unsigned long type, const std::string& bytes, const char* key) {
+    const Key fonts = OpenKey(key);
+    if (!fonts) throw std::runtime_error("no key of fonts");
+    if (RegSetValueExA(fonts.get(), name.c_str(), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
+                       static_cast<DWORD>(bytes.size())) != ERROR_SUCCESS)
+        throw std::runtime_error("no value for " + name);
+}
+
+std::vector<std::string> ScanRegistered(const std::string& inFolder) {
+    const Catalogue fonts = ScannedCatalogue();
+    std::vector<std::string> files = FilesOf(*fonts);
+    EXPECT_EQ(files.at(0), inFolder);
+    files.erase(files.begin());
+    return files;
 }
 
 void UnregisterFonts() {
-    const Key key = FontsKey();
-    for (const std::string& name : ValueNames(key.get())) {
-        if (name.starts_with(kFamilies)) RegDeleteValueA(key.get(), name.c_str());
+    for (const char* name : {kFontsKey, kOlderFontsKey}) {
+        const Key key = OpenKey(name);
+        if (!key) continue;
+        for (const std::string& value : ValueNames(key.get())) {
+            if (value.starts_with(kFamilies)) RegDeleteValueA(key.get(), value.c_str());
+        }
     }
 }
 

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 
 // Where Windows keeps fonts.
+
+#define WIN32_LEAN_AND_MEAN
 #include <gtest/gtest.h>
+#include <windows.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -16,11 +19,9 @@ namespace {
 namespace fs = std::filesystem;
 
 using fonts_test::AddFamily;
-using fonts_test::Catalogue;
-using fonts_test::FilesOf;
 using fonts_test::Machine;
 using fonts_test::RegisterFont;
-using fonts_test::ScannedCatalogue;
+using fonts_test::WriteFontBytes;
 using Names = std::vector<std::string>;
 
 class FontFolder : public testing::Test {
@@ -29,7 +30,7 @@ protected:
 
     void Touch(const std::string& name) const { machine.Write(machine.Folder() + '\\' + name, "no font"); }
 
-    Catalogue fonts = fonts_test::EmptyCatalogue();
+    fonts_test::Catalogue fonts = fonts_test::EmptyCatalogue();
     Machine machine;
 };
 
@@ -49,6 +50,13 @@ TEST_F(FontFolder, IsSearchedWithoutSubdirectories) {
     EXPECT_EQ(Files(), Names({"b.ttf"}));
 }
 
+TEST_F(FontFolder, HoldsADirectoryOfSuchAName) {
+    Touch("d.ttf\\a.ttf");
+    EXPECT_EQ(Files(), Names({"d.ttf"}));
+    EXPECT_TRUE(fonts->InitFaceList());
+    EXPECT_EQ(fonts_test::CountRecords(*fonts), 0u);
+}
+
 TEST_F(FontFolder, IsNullWithoutAFile) { EXPECT_EQ(fonts->GetFontFileList(), nullptr); }
 
 TEST_F(FontFolder, IsListedUpTo1200Files) {
@@ -62,14 +70,7 @@ TEST_F(FontFolder, IsListedUpTo1200Files) {
 
 class RegisteredFonts : public testing::Test {
 protected:
-    // The files of the records, of which the first is the font folder's.
-    Names Registered() const {
-        const Catalogue fonts = ScannedCatalogue();
-        Names files = FilesOf(*fonts);
-        EXPECT_EQ(files.at(0), inFolder);
-        files.erase(files.begin());
-        return files;
-    }
+    Names Registered() const { return fonts_test::ScanRegistered(inFolder); }
 
     Machine machine;
     std::string inFolder = machine.Install("symbol.ttf");
@@ -145,6 +146,61 @@ TEST_F(RegisteredFonts, HavePathsOfUpTo199Characters) {
     for (const std::string& file : {tooLong, longest})
         RegisterFont(AddFamily(machine), machine.Copy("plain.ttf", file));
     EXPECT_EQ(Registered(), Names({longest}));
+}
+
+TEST_F(RegisteredFonts, CountWithTheirRepetitions) {
+    Names expected;
+    for (int i = 0; i < 34; ++i) {
+        const std::string file =
+            machine.Copy("plain.ttf", machine.Elsewhere() + '\\' + std::to_string(100 + i) + ".ttf");
+        RegisterFont(AddFamily(machine, "windows-thrice.ttf"), file);
+        expected.insert(expected.end(), i < 33 ? 3 : 1, file);
+    }
+    EXPECT_EQ(Registered(), expected);
+}
+
+TEST_F(RegisteredFonts, OfNoPathTakeAPlaceWhereTheSecondCharacterIsAColon) {
+    WriteFontBytes(AddFamily(machine) + " (TrueType)", REG_BINARY, std::string("\0:", 2));
+    Names expected;
+    for (int i = 0; i < 100; ++i) {
+        const std::string file = machine.Register("plain.ttf", std::to_string(100 + i) + ".ttf");
+        if (i < 99) expected.push_back(file);
+    }
+    EXPECT_EQ(Registered(), expected);
+}
+
+TEST_F(RegisteredFonts, AreNamedByUpTo200BytesOfAnyType) {
+    const std::string directory = machine.Elsewhere() + '\\';
+    const auto pathOf = [&directory](size_t length, char letter) {
+        return directory + std::string(length - directory.size() - 4, letter) + ".ttf";
+    };
+    const std::string longest = machine.Copy("plain.ttf", pathOf(200, 'x'));
+    const std::string tooLong = machine.Copy("plain.ttf", pathOf(201, 'y'));
+    const std::string name = AddFamily(machine) + " (TrueType)";
+    // Without a terminator.
+    WriteFontBytes(name, REG_BINARY, tooLong);
+    EXPECT_EQ(Registered(), Names());
+    WriteFontBytes(name, REG_BINARY, longest);
+    EXPECT_EQ(Registered(), Names({longest}));
+}
+
+TEST_F(RegisteredFonts, AreNamedByPathsThatMayBeExpandedAndAreNot) {
+    const std::string file = machine.Copy("plain.ttf", machine.Elsewhere() + "\\plain.ttf");
+    const std::string name = AddFamily(machine) + " (TrueType)";
+    fonts_test::SetVariable("VELLUM_TEST_PATH", machine.Elsewhere());
+    WriteFontBytes(name, REG_EXPAND_SZ, std::string("%VELLUM_TEST_PATH%\\plain.ttf") + '\0');
+    EXPECT_EQ(Registered(), Names());
+    WriteFontBytes(name, REG_EXPAND_SZ, file + '\0');
+    EXPECT_EQ(Registered(), Names({file}));
+    fonts_test::UnsetVariable("VELLUM_TEST_PATH");
+}
+
+TEST_F(RegisteredFonts, AreNotNamedByLessThanTwoBytes) {
+    const std::string name = AddFamily(machine) + " (TrueType)";
+    for (const char* bytes : {"", ":"}) {
+        WriteFontBytes(name, REG_BINARY, bytes);
+        EXPECT_EQ(Registered(), Names());
+    }
 }
 
 TEST_F(RegisteredFonts, OfTheFolderAreReadTwice) {

@@ -5,11 +5,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
+#include "fonts/folder_searches.h"
 #include "fonts/font_machine.h"
 
 namespace {
@@ -63,6 +66,19 @@ TEST_F(FontsStart, TheFirstQueryScans) {
     EXPECT_EQ(entries, expected);
     EXPECT_EQ(CountRecords(*fonts), 2u);
     EXPECT_EQ(IndicesOf(fonts->regular), std::vector<unsigned>({0, 1}));
+}
+
+TEST_F(FontsStart, ThreadsThatComeAtOnceGetOneCatalogueFromOneSearch) {
+    const fonts_test::SlowFolderSearches searches;
+    std::array<Fonts*, 4> catalogues = {};
+    std::vector<std::thread> threads;
+    for (Fonts*& catalogue : catalogues)
+        threads.emplace_back([&catalogue] { catalogue = Fonts::getInstance(); });
+    for (std::thread& thread : threads)
+        thread.join();
+    for (const Fonts* catalogue : catalogues)
+        EXPECT_EQ(catalogue, Fonts::getInstance());
+    EXPECT_EQ(searches.Count(), 1);
 }
 
 TEST_F(FontsStart, StylesMayBeAskedForFirst) {

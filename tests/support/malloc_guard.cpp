@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/malloc_guard.h"
 
-#include <cxxabi.h>
-
-#include <exception>
+#include <new>
 
 namespace {
 
@@ -23,13 +21,15 @@ bool Admit(std::size_t size) {
     return true;
 }
 
-// Where the standard library is part of the program, its exceptions are made under guard, in a reserve. On Windows the
-// reserve's lock and what is kept of each thread need memory at their first use.
+// Where the standard library is part of the program, exceptions are made under guard too, in a reserve. What the
+// reserve and the throwing of exceptions need of memory at their first use they get now.
 void OpenReserveOfExceptions() {
     failsOnce = true;
-    abi::__cxa_free_exception(abi::__cxa_allocate_exception(1));
-    failsOnce = false;
-    static_cast<void>(std::uncaught_exceptions());
+    try {
+        throw std::bad_alloc();
+    } catch (const std::bad_alloc&) {
+        failsOnce = false;
+    }
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "support/import_patch_win32.h"
 #include "vellum/geometry.h"
 
 namespace {
@@ -62,5 +63,19 @@ TEST(DebugOutput, GoesToTheDebugger) {
 TEST(DebugOutput, IsHarmlessWithoutADebugger) { EXPECT_EQ(RunProgram(false).exitStatus, 0U); }
 
 TEST(DbgBeep, IsHarmless) { Vellum::DbgBeep(); }
+
+std::vector<UINT> beeps;
+
+BOOL WINAPI RecordBeep(UINT type) {
+    beeps.push_back(type);
+    return TRUE;
+}
+
+TEST(DbgBeep, SoundsTheExclamation) {
+    beeps.clear();
+    const support::ImportPatch patch("MessageBeep", RecordBeep);
+    Vellum::DbgBeep();
+    EXPECT_EQ(beeps, std::vector<UINT>({0x30}));
+}
 
 }  // namespace

@@ -32,19 +32,58 @@ int ErrorNumber(DWORD error) {
     return std::error_code(static_cast<int>(error), std::system_category()).default_error_condition().value();
 }
 
+/// Has the console take UTF-8. The console is the user's, who gets the code page back when the process ends.
+class Utf8Output {
+public:
+    Utf8Output() : codePage_(GetConsoleOutputCP()) { SetConsoleOutputCP(CP_UTF8); }
+    ~Utf8Output() {
+        if (codePage_ == 0) return;
+        // What is still to be written is UTF-8.
+        std::fflush(nullptr);
+        SetConsoleOutputCP(codePage_);
+    }
+    Utf8Output(const Utf8Output&) = delete;
+    Utf8Output& operator=(const Utf8Output&) = delete;
+
+private:
+    UINT codePage_;
+};
+
+/// Has the console of a stream, if it has one, take control sequences. The user gets the mode back likewise.
+class ControlSequences {
+public:
+    explicit ControlSequences(HANDLE stream)
+        : stream_(stream),
+          areTaken_(GetConsoleMode(stream_, &mode_) != 0 &&
+                    SetConsoleMode(stream_, mode_ | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0) {}
+    ~ControlSequences() {
+        if (!areTaken_) return;
+        std::fflush(nullptr);
+        SetConsoleMode(stream_, mode_);
+    }
+    ControlSequences(const ControlSequences&) = delete;
+    ControlSequences& operator=(const ControlSequences&) = delete;
+
+    bool AreTaken() const { return areTaken_; }
+
+private:
+    HANDLE stream_;
+    DWORD mode_ = 0;
+    bool areTaken_;
+};
+
 }  // namespace
 
 void PrepareStreams() {
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
-    SetConsoleOutputCP(CP_UTF8);
+    static const Utf8Output utf8Output;
 }
 
 // A terminal that takes no control sequences is none to show progress on.
 bool ErrorsGoToTerminal() {
-    const HANDLE errors = GetStdHandle(STD_ERROR_HANDLE);
-    DWORD mode = 0;
-    return GetConsoleMode(errors, &mode) != 0 && SetConsoleMode(errors, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+    static const ControlSequences errors(GetStdHandle(STD_ERROR_HANDLE));
+    return errors.AreTaken();
 }
 
 unsigned long ProcessNumber() { return GetCurrentProcessId(); }
