@@ -32,7 +32,7 @@ case $2 in
         wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1
         wine explorer.exe /desktop >/dev/null 2>&1 &
         # It is there once something has asked for it.
-        timeout 60 wine rundll32 user32.dll,MessageBeep >/dev/null 2>&1 || true
+        timeout 60 wine rundll32 user32.dll,GetDesktopWindow >/dev/null 2>&1 || true
         ;;
     stop) wineserver --kill ;;
 esac

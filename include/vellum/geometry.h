@@ -143,7 +143,7 @@ VELLUM_API unsigned char RandColorComp(unsigned lo, unsigned hi);
 
 /// Formats like printf and hands the text to the debugger output: on Windows to `OutputDebugStringA`, elsewhere to
 /// `VellumDebugOutput`. At most 1,023 characters; a longer message is cut there.
-#if defined(__MINGW32__)
+#if defined(__MINGW32__) && !defined(__clang__)
 [[gnu::format(gnu_printf, 1, 2)]]
 #elif defined(__GNUC__)
 [[gnu::format(printf, 1, 2)]]

@@ -65,7 +65,7 @@ void AddMatches(const char* folder, FolderFonts& found) {
     const OwnedText pattern = Join(folder, "*.tt?");
     if (!pattern) return;
     WIN32_FIND_DATAA match;
-    const HANDLE first = FindFirstFileA(pattern.get(), &match);
+    HANDLE first = FindFirstFileA(pattern.get(), &match);
     if (first == INVALID_HANDLE_VALUE) return;
     const Search search(first);
     do {
@@ -88,8 +88,8 @@ bool IsXpOrLater() {
 }
 
 const char* FontsKey() {
-    return IsXpOrLater() ? "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\Fonts"
-                         : "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Fonts";
+    return IsXpOrLater() ? R"(SOFTWARE\Microsoft\Windows NT\CurrentVersion\Fonts)"
+                         : R"(SOFTWARE\Microsoft\Windows\CurrentVersion\Fonts)";
 }
 
 // The registry's value of a family's font; null where there is none.
@@ -105,12 +105,14 @@ OwnedText RegisteredValue(const char* family) {
     const bool isRead = value && RegQueryValueExA(key, name, nullptr, nullptr, reinterpret_cast<BYTE*>(value.get()),
                                                   &size) == ERROR_SUCCESS;
     RegCloseKey(key);
-    return isRead ? std::move(value) : nullptr;
+    if (!isRead) return nullptr;
+    return value;
 }
 
 // Called for every family and character set. What stands in the font folder is registered by its name alone.
 int CALLBACK AddRegistered(const LOGFONTA* font, const TEXTMETRICA*, DWORD fontType, LPARAM context) {
     constexpr int kGoOn = 1;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the system passes on the pointer as a number
     auto& found = *reinterpret_cast<RegisteredFonts*>(context);
     if ((fontType & TRUETYPE_FONTTYPE) == 0 || found.IsFull()) return kGoOn;
     OwnedText path = RegisteredValue(font->lfFaceName);

@@ -93,8 +93,8 @@ std::filesystem::path PathOf(const std::string& name) { return std::u8string(nam
 std::FILE* OpenFile(const std::filesystem::path& path) { return _wfopen(path.c_str(), L"rb"); }
 
 std::FILE* OpenNewFile(const std::filesystem::path& path) {
-    const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
-                                    CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr, CREATE_NEW,
+                              FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) {
         errno = ErrorNumber(GetLastError());
         return nullptr;
