@@ -166,10 +166,25 @@ const char* TrueTypePath(const FcPattern* font) {
     return TextOf(path);
 }
 
+bool HasCacheDirectory(FcConfig* config) {
+    const StringList directories(FcConfigGetCacheDirs(config));
+    return directories && FcStrListNext(directories.get()) != nullptr;
+}
+
+// A configuration of our own: the one that a host may have made current stays as it is. FcInitLoadConfig knows what to
+// do where something is missing, but it also reads what describes all rules that are not configured, which takes as
+// long as the configuration itself.
+Config LoadConfig() {
+    Config config(FcConfigCreate());
+    const bool isWhole =
+        config && FcConfigParseAndLoad(config.get(), nullptr, FcTrue) != FcFalse && HasCacheDirectory(config.get());
+    if (!isWhole) config.reset(FcInitLoadConfig());
+    return config;
+}
+
 std::set<std::string> RegisteredPaths() {
     const FontFolder folder;
-    // A configuration of our own: the one that a host may have made current stays as it is.
-    const Config config(FcInitLoadConfig());
+    const Config config = LoadConfig();
     if (!config) return {};
     AddFontsOutside(folder, config.get());
     std::set<std::string> paths;
