@@ -31,17 +31,17 @@ uint64_t NearSegments(const DblPt* pts, uint32_t segments, const PlaneBox& aroun
     const TwoDoubles least = LoadTwo(&around.minX);
     const TwoDoubles most = LoadTwo(&around.maxX);
     // Bit 2i is for the x of point i, the one after it for its y.
-    TwoBits own = {1, 2};
-    TwoBits below = {0, 0};
-    TwoBits above = {0, 0};
+    TwoDoubles own = {1, 2};
+    TwoDoubles below = {};
+    TwoDoubles above = {};
     for (uint32_t i = 0; i <= segments; ++i) {
         const TwoDoubles p = LoadTwo(&pts[i].x);
-        below |= (p < least) & own;
-        above |= (p > most) & own;
-        own <<= 2;
+        below += Chosen(p < least, own);
+        above += Chosen(p > most, own);
+        own *= 4.0;
     }
-    const auto low = static_cast<uint64_t>(below[0] | below[1]);
-    const auto high = static_cast<uint64_t>(above[0] | above[1]);
+    const auto low = static_cast<uint64_t>(below[0] + below[1]);
+    const auto high = static_cast<uint64_t>(above[0] + above[1]);
     const uint64_t beyond = (low & low >> 2) | (high & high >> 2);
     return ~(beyond | beyond >> 1) & AllSegments(segments);
 }

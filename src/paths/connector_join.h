@@ -44,7 +44,7 @@ public:
 
 private:
     static constexpr size_t kRunSegments = 20;
-    static_assert(kRunSegments < 32, "two bits of a number for each point of a run");
+    static_assert(2 * (kRunSegments + 1) <= 53, "two bits of a whole double for each point of a run");
     // So many runs of a polyline get their place in the plane together.
     static constexpr size_t kPieceSegments = 8 * kRunSegments;
 

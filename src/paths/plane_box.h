@@ -22,6 +22,12 @@ inline TwoDoubles LoadTwo(const double* at) {
     return two;
 }
 
+/// The values that a comparison chooses, and 0 for the others. Sums of powers of 2 stand for sets of bits: without
+/// SSE 4.2 compilers take two 64-bit numbers that a comparison chooses out of their register one by one.
+inline TwoDoubles Chosen(const TwoBits& areChosen, const TwoDoubles& values) {
+    return areChosen ? values : TwoDoubles{};
+}
+
 /// A box whose sides may be infinite.
 struct PlaneBox {
     double minX;
@@ -67,13 +73,14 @@ inline PlaneBox BoxOfPoints(const DblPt* pts, size_t count) {
     TwoDoubles least[2];
     TwoDoubles most[2];
     least[0] = least[1] = most[0] = most[1] = LoadTwo(&pts[0].x);
-    TwoBits areNan = {0, 0};
+    // Stays zero unless a coordinate is not finite. Compilers do not keep what a comparison gives in a register for
+    // two.
+    TwoDoubles sum[2] = {};
     const auto enclose = [&](size_t i, size_t k) {
         const TwoDoubles p = LoadTwo(&pts[i].x);
         least[k] = p < least[k] ? p : least[k];
         most[k] = p > most[k] ? p : most[k];
-        // NOLINTNEXTLINE(misc-redundant-expression): NaN alone differs from itself
-        areNan |= p != p;
+        sum[k] += p * 0.0;
     };
     size_t i = 0;
     for (; i + 1 < count; i += 2) {
@@ -83,8 +90,10 @@ inline PlaneBox BoxOfPoints(const DblPt* pts, size_t count) {
     if (i < count) enclose(i, 0);
     PlaneBox box{least[0][0], least[0][1], most[0][0], most[0][1]};
     box.Enclose({least[1][0], least[1][1], most[1][0], most[1][1]});
+    // That of huge coordinates, which could overflow further on, is not told from infinite ones.
     const bool isFinite = (box.minX + box.minY + box.maxX + box.maxY) * 0.0 == 0.0;
-    return isFinite && (areNan[0] | areNan[1]) == 0 ? box : WholePlane();
+    sum[0] += sum[1];
+    return isFinite && sum[0][0] + sum[0][1] == 0.0 ? box : WholePlane();
 }
 
 }  // namespace Vellum::internal

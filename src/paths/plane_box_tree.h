@@ -37,13 +37,14 @@ struct PlaneBoxBlock {
 
     /// Bit i: box i meets @p box.
     uint32_t Meeting(const PlaneBox& box) const {
-        TwoBits meeting = {0, 0};
+        TwoDoubles meeting = {};
         for (size_t i = 0; i < kCount; i += 2) {
-            const TwoBits own = {int64_t{1} << i, int64_t{2} << i};
-            meeting |= (LoadTwo(minX + i) <= box.maxX) & (LoadTwo(maxX + i) >= box.minX) &
-                       (LoadTwo(minY + i) <= box.maxY) & (LoadTwo(maxY + i) >= box.minY) & own;
+            const TwoDoubles own = {static_cast<double>(1 << i), static_cast<double>(2 << i)};
+            const TwoBits meets = (LoadTwo(minX + i) <= box.maxX) & (LoadTwo(maxX + i) >= box.minX) &
+                                  (LoadTwo(minY + i) <= box.maxY) & (LoadTwo(maxY + i) >= box.minY);
+            meeting += Chosen(meets, own);
         }
-        return static_cast<uint32_t>(meeting[0] | meeting[1]);
+        return static_cast<uint32_t>(meeting[0] + meeting[1]);
     }
 };
 
