@@ -14,6 +14,8 @@ export WINEDEBUG=-all
 # Nothing is put into a desktop's menus, and nobody is asked to install .NET or a browser engine.
 export WINEDLLOVERRIDES="winemenubuilder.exe,mscoree,mshtml="
 unset DISPLAY WAYLAND_DISPLAY
+# Otherwise file names have the letters of ASCII only.
+export LC_ALL=C.UTF-8
 # Wine would install all fonts of this machine.
 export FONTCONFIG_FILE=$WINEPREFIX/fonts.conf
 [ -f "$FONTCONFIG_FILE" ] || echo '<fontconfig/>' >"$FONTCONFIG_FILE"
