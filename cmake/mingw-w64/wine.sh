@@ -25,15 +25,17 @@ export VELLUM_TEST_MACHINE=1
 case $2 in
     run) exec wine "${@:3}" ;;
     start)
-        # The server of a run that was interrupted would not let another one start.
+        wine wineboot --init >/dev/null 2>&1
+        wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1
+        # All ends here that a run that was interrupted has left, and the desktop on a screen that the programs above had.
         wineserver --kill || true
+        wineserver --wait
         # What Wine keeps running must not keep open what a pipe waits for.
         wineserver --persistent >/dev/null 2>&1
-        wine wineboot --init >/dev/null 2>&1
-        # The desktop, on no screen: otherwise programs that ask for it wait ten seconds for one to come up.
-        wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1
-        wine explorer.exe /desktop >/dev/null 2>&1 &
-        # It is there once something has asked for it.
+        # Wine makes a desktop for the first program that asks and takes it away a second after the last one has ended. A
+        # program that asks meanwhile may wait for minutes, so one with a window keeps the desktop there. It is up once
+        # another program has been served.
+        wine clock.exe >/dev/null 2>&1 &
         timeout 60 wine rundll32 user32.dll,GetDesktopWindow >/dev/null 2>&1 || true
         ;;
     stop) wineserver --kill ;;
