@@ -3,8 +3,8 @@
 # wine.sh PREFIX run PROGRAM [ARGUMENT...] | start | stop
 #
 # Runs Windows programs without a display, in a Wine prefix of their own, whose fonts are none but those that a program
-# puts there. `start` makes the prefix and keeps Wine's server
-# waiting between programs, so that each starts quickly; `stop` ends it.
+# puts there. `start` makes the prefix and keeps Wine's server and its desktop there between programs, so that each
+# starts quickly; `stop` ends both.
 set -euo pipefail
 
 mkdir -p "$1"

@@ -172,8 +172,8 @@ bool HasCacheDirectory(FcConfig* config) {
 }
 
 // A configuration of our own: the one that a host may have made current stays as it is. FcInitLoadConfig knows what to
-// do where something is missing, but it also reads what describes all rules that are not configured, which takes as
-// long as the configuration itself.
+// do where something is missing, but it also reads what describes all rules that are not configured, which takes
+// nearly as long as the configuration itself.
 Config LoadConfig() {
     Config config(FcConfigCreate());
     const bool isWhole =

@@ -73,8 +73,7 @@ inline PlaneBox BoxOfPoints(const DblPt* pts, size_t count) {
     TwoDoubles least[2];
     TwoDoubles most[2];
     least[0] = least[1] = most[0] = most[1] = LoadTwo(&pts[0].x);
-    // Stays zero unless a coordinate is not finite. Compilers do not keep what a comparison gives in a register for
-    // two.
+    // Stays zero unless a coordinate is not finite. What a comparison gives would be taken out of its register.
     TwoDoubles sum[2] = {};
     const auto enclose = [&](size_t i, size_t k) {
         const TwoDoubles p = LoadTwo(&pts[i].x);
@@ -90,7 +89,7 @@ inline PlaneBox BoxOfPoints(const DblPt* pts, size_t count) {
     if (i < count) enclose(i, 0);
     PlaneBox box{least[0][0], least[0][1], most[0][0], most[0][1]};
     box.Enclose({least[1][0], least[1][1], most[1][0], most[1][1]});
-    // That of huge coordinates, which could overflow further on, is not told from infinite ones.
+    // Coordinates so huge that they could overflow further on are taken for infinite ones.
     const bool isFinite = (box.minX + box.minY + box.maxX + box.maxY) * 0.0 == 0.0;
     sum[0] += sum[1];
     return isFinite && sum[0][0] + sum[0][1] == 0.0 ? box : WholePlane();

@@ -6,20 +6,21 @@
 #include <utility>
 #include <vector>
 
+#include "picture_colours.h"
 #include "png_pixels.h"
 #include "scratch_directory.h"
 #include "tool_run.h"
 
 namespace {
 
+using tool_test::kBackground;
+using tool_test::kPale;
 using tool_test::Outcome;
 using tool_test::PngPixels;
 using tool_test::RunTool;
 
-constexpr uint32_t kBackground = 0xe4eef4;
 constexpr uint32_t kA = 0xe9cb9f;
 constexpr uint32_t kB = 0xa0b9d6;
-constexpr uint32_t kPale = 0xf7f5f0;
 constexpr uint32_t kWitness = 0xb02a2a;
 
 // A square, a far and a near island under one name, a line, a point, and a square between the first ones.

@@ -6,19 +6,19 @@
 #include <string>
 #include <vector>
 
+#include "picture_colours.h"
 #include "png_pixels.h"
 #include "scratch_directory.h"
 #include "tool_run.h"
 
 namespace {
 
+using tool_test::kBackground;
 using tool_test::Outcome;
 using tool_test::PngPixels;
 using tool_test::RunTool;
 using tool_test::Sample;
 using tool_test::ScratchDirectory;
-
-constexpr uint32_t kBackground = 0xe4eef4;
 
 PngPixels DrawPng(const ScratchDirectory& scratch, const std::string& map, std::vector<std::string> options) {
     options.insert(options.begin(), {"draw", map, "-o", scratch.Path("picture.png")});

@@ -7,19 +7,20 @@
 #include <utility>
 #include <vector>
 
+#include "picture_colours.h"
 #include "png_pixels.h"
 #include "scratch_directory.h"
 #include "tool_run.h"
 
 namespace {
 
+using tool_test::kBackground;
+using tool_test::kInk;
+using tool_test::kPale;
 using tool_test::Outcome;
 using tool_test::PngPixels;
 using tool_test::RunTool;
 
-constexpr uint32_t kBackground = 0xe4eef4;
-constexpr uint32_t kPale = 0xf7f5f0;
-constexpr uint32_t kInk = 0x2f3b4a;
 constexpr uint32_t kJoining = 0xd0202e;
 // The palette's first two colours for lines.
 constexpr uint32_t kLayer0 = 0xc3813e;

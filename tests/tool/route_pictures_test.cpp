@@ -7,20 +7,21 @@
 #include <utility>
 #include <vector>
 
+#include "picture_colours.h"
 #include "png_pixels.h"
 #include "scratch_directory.h"
 #include "tool_run.h"
 
 namespace {
 
+using tool_test::kBackground;
+using tool_test::kInk;
+using tool_test::kPale;
+using tool_test::kPaper;
 using tool_test::Outcome;
 using tool_test::PngPixels;
 using tool_test::RunTool;
 
-constexpr uint32_t kBackground = 0xe4eef4;
-constexpr uint32_t kPale = 0xf7f5f0;
-constexpr uint32_t kPaper = 0xffffff;
-constexpr uint32_t kInk = 0x2f3b4a;
 constexpr uint32_t kNetwork = 0x7289a3;
 constexpr uint32_t kWay = 0xd0202e;
 

@@ -9,19 +9,19 @@
 #include <vector>
 
 #include "palette.h"
+#include "picture_colours.h"
 #include "png_pixels.h"
 #include "scratch_directory.h"
 #include "tool_run.h"
 
 namespace {
 
+using tool_test::kInk;
+using tool_test::kPaper;
 using tool_test::Outcome;
 using tool_test::PngPixels;
 using tool_test::RunTool;
 using tool_test::Sample;
-
-constexpr uint32_t kPaper = 0xffffff;
-constexpr uint32_t kInk = 0x2f3b4a;
 
 class SheetPictures : public testing::Test {
 protected:
